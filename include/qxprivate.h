@@ -1,0 +1,14 @@
+// Base of the private blocks: a virtual destructor and the way back to the public object.
+#pragma once
+
+template <typename Owner>
+class QxPrivate {
+public:
+    QxPrivate() = default;
+    virtual ~QxPrivate() = default;
+    QxPrivate(const QxPrivate &) = delete;
+    QxPrivate &operator=(const QxPrivate &) = delete;
+
+    /// The public object; null until its constructor has made the block.
+    Owner *owner = nullptr;
+};
