@@ -1,0 +1,78 @@
+// The substitute settings store: INI files under a root folder of their own, written at once.
+#include "platformsubstitute.h"
+
+#include "settingsexe.h"
+
+#include <QDir>
+#include <QSettings>
+#include <QTemporaryDir>
+
+#include <optional>
+
+namespace {
+
+QString &root()
+{
+    static QString folder;
+    return folder;
+}
+
+QString pathOf(const QString &file)
+{
+    return QDir::cleanPath(substitute::platform::settingsRoot() + QLatin1Char('/') + file);
+}
+
+/// The value as text, or nothing when the file does not hold the key.
+std::optional<QString> read(const QString &key, const QString &file)
+{
+    const QSettings settings(pathOf(file), QSettings::IniFormat);
+    if (!settings.contains(key))
+        return std::nullopt;
+    return settings.value(key).toString();
+}
+
+} // namespace
+
+namespace substitute::platform {
+
+void setSettingsRoot(const QString &folder) { root() = folder; }
+
+QString settingsRoot()
+{
+    if (root().isEmpty()) {
+        static const QTemporaryDir folder(QDir::tempPath() + QStringLiteral("/mcuplatform-XXXXXX"));
+        root() = folder.path();
+    }
+    return root();
+}
+
+} // namespace substitute::platform
+
+namespace mem {
+
+int SettingsExe::getValue(QString key, QString file, int fallback)
+{
+    bool isNumber = false;
+    const int value = read(key, file).value_or(QString()).toInt(&isNumber);
+    return isNumber ? value : fallback;
+}
+
+bool SettingsExe::getValue(QString key, QString file, bool fallback)
+{
+    const std::optional<QString> value = read(key, file);
+    return value ? QVariant(*value).toBool() : fallback;
+}
+
+void SettingsExe::setOtherPathValue(QString key, QString file, QVariant value, QVariant value2,
+                                    bool flag)
+{
+    substitute::platform::log().record("SettingsExe.setOtherPathValue", key, file, value, value2,
+                                       flag);
+    QSettings settings(pathOf(file), QSettings::IniFormat);
+    settings.setValue(key, value);
+    settings.sync();
+    if (settings.status() != QSettings::NoError)
+        qWarning("SettingsExe: cannot write %s", qUtf8Printable(settings.fileName()));
+}
+
+} // namespace mem

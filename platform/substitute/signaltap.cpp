@@ -1,0 +1,39 @@
+// A receiver without a meta-object of its own: each signal of the source is connected to a made-up
+// method number, from which the signal is found again when the call arrives.
+#include "signaltap.h"
+
+namespace substitute {
+
+SignalTap::SignalTap(const QObject *source, Listener listener)
+    : m_source(source->metaObject()), m_listener(std::move(listener))
+{
+    for (const QMetaMethod &signal : declaredSignals(*m_source)) {
+        const int method = QObject::staticMetaObject.methodCount() + signal.methodIndex();
+        QMetaObject::connect(source, signal.methodIndex(), this, method, Qt::DirectConnection);
+    }
+}
+
+int SignalTap::qt_metacall(QMetaObject::Call call, int id, void **arguments)
+{
+    id = QObject::qt_metacall(call, id, arguments);
+    if (id < 0 || call != QMetaObject::InvokeMetaMethod)
+        return id;
+    const QMetaMethod signal = m_source->method(id);
+    QVariantList values;
+    for (int i = 0; i < signal.parameterCount(); ++i)
+        values.append(QVariant(signal.parameterType(i), arguments[i + 1]));
+    m_listener(signal, values);
+    return -1;
+}
+
+QList<QMetaMethod> declaredSignals(const QMetaObject &metaObject)
+{
+    QList<QMetaMethod> methods;
+    for (int i = metaObject.methodOffset(); i < metaObject.methodCount(); ++i) {
+        if (metaObject.method(i).methodType() == QMetaMethod::Signal)
+            methods.append(metaObject.method(i));
+    }
+    return methods;
+}
+
+} // namespace substitute

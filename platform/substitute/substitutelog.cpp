@@ -1,0 +1,23 @@
+// The log of calls that the substitute platform classes keep.
+#include "substitutelog.h"
+
+#include <utility>
+
+namespace substitute {
+
+void CallLog::append(const QString &name, const QVariantList &arguments)
+{
+    const Call call{name, arguments};
+    m_calls.append(call);
+    if (m_listener)
+        m_listener(call);
+}
+
+QList<Call> CallLog::take() { return std::exchange(m_calls, {}); }
+
+void CallLog::setListener(std::function<void(const Call &)> listener)
+{
+    m_listener = std::move(listener);
+}
+
+} // namespace substitute
