@@ -1,0 +1,104 @@
+// The bridge keeps what the facade reports and tells the renderer what changed.
+#include "mcuvechiclebridge.h"
+
+#include "debug.h"
+#include "radarframe.h"
+#include "rendererhandover.h"
+#include "steeringpercent.h"
+
+#include <algorithm>
+
+namespace {
+
+// The stems differ, "server" and "service": these are the names that the renderer uses.
+constexpr char releaseKeyFile[] = "/tmp/avmrenderserver_releaseuart";
+constexpr char rendererNode[] = "/tmp/avmrenderservice_rx";
+
+// Stores a value that differs from the last one and logs it in the name of the caller.
+template <typename Value>
+bool changes(Value &last, Value value, const CallSite &site)
+{
+    if (last == value)
+        return false;
+    last = value;
+    if (isDebugLogged())
+        debugLine(site) << value;
+    return true;
+}
+
+} // namespace
+
+McuVechicleBridge *McuVechicleBridge::instance()
+{
+    static McuVechicleBridge bridge;
+    return &bridge;
+}
+
+McuVechicleBridge::McuVechicleBridge() = default;
+
+McuVechicleBridge::~McuVechicleBridge() = default;
+
+void McuVechicleBridge::radarDistance(int *front, int *rear) const
+{
+    std::copy(m_frontRadar.begin(), m_frontRadar.end(), front);
+    std::copy(m_rearRadar.begin(), m_rearRadar.end(), rear);
+}
+
+void McuVechicleBridge::notifyHeadlightUpdate(bool onoff, int from)
+{
+    if (changes(m_headlight, onoff, CALL_SITE))
+        Q_EMIT headlightChanged(onoff, from);
+}
+
+void McuVechicleBridge::notifyParkingUpdate(bool onoff, int from)
+{
+    if (changes(m_parking, onoff, CALL_SITE))
+        Q_EMIT parkingChanged(onoff, from);
+}
+
+void McuVechicleBridge::notifyReverseUpdate(bool onoff, int from)
+{
+    if (changes(m_reverse, onoff, CALL_SITE))
+        Q_EMIT reverseChanged(onoff, from);
+}
+
+void McuVechicleBridge::notifyTurnLightUpdate(int turnlight)
+{
+    if (changes(m_turnlight, turnlight, CALL_SITE))
+        Q_EMIT turnlightChanged(turnlight);
+}
+
+void McuVechicleBridge::notifyCarSpeedUpdate(int kmh)
+{
+    if (changes(m_carSpeed, kmh, CALL_SITE))
+        Q_EMIT carSpeedChanged(kmh);
+}
+
+void McuVechicleBridge::notifyDoorUpdate(int doorState)
+{
+    if (changes(m_doorState, doorState, CALL_SITE))
+        Q_EMIT doorChanged(doorState);
+}
+
+void McuVechicleBridge::notifySteeringAngleUpdate(int angle)
+{
+    // Not logged: the angle moves with every report of a drive.
+    const int percent = steeringPercent(angle);
+    if (percent == m_wheelAngle)
+        return;
+    m_wheelAngle = percent;
+    Q_EMIT steeringAngleChanged(percent);
+}
+
+void McuVechicleBridge::notifyRadarUpdate(const int *front, const int *rear, int /*pasSwitch*/,
+                                          int /*pdcSystemStatus*/, int /*reverseAssistVideo*/)
+{
+    MCU_DEBUG << front[0] << front[1] << front[2] << front[3];
+    MCU_DEBUG << rear[0] << rear[1] << rear[2] << rear[3];
+    m_frontRadar = radarDistances(front);
+    m_rearRadar = radarDistances(rear);
+    handOverToRenderer(radarImage(m_frontRadar, m_rearRadar), releaseKeyFile, rendererNode);
+    Q_EMIT radarDistanceChanged();
+}
+
+bool is_avm_service_release_uart() { return isUartReleased(releaseKeyFile); }

@@ -1,0 +1,55 @@
+// Renderer hand-over on System V semaphores and POSIX file calls.
+#include "rendererhandover.h"
+
+#include <cerrno>
+#include <csignal>
+#include <cstdio>
+
+#include <fcntl.h>
+#include <sys/ipc.h>
+#include <sys/sem.h>
+#include <unistd.h>
+
+bool isUartReleased(const char *keyFile)
+{
+    // Without its key file the semaphore is looked up all the same, under the key -1.
+    const key_t key = ftok(keyFile, 1);
+    if (key == -1)
+        std::perror("do_notify_release_uart (ftok)");
+    const int semaphore = semget(key, 1, IPC_CREAT | 0777);
+    if (semaphore == -1) {
+        std::perror("do_notify_release_uart (semget)");
+        return false;
+    }
+    return semctl(semaphore, 0, GETVAL) > 0;
+}
+
+void handOverToRenderer(const RadarImage &image, const char *keyFile, const char *node)
+{
+    if (!isUartReleased(keyFile) || access(node, F_OK) != 0)
+        return;
+    const int descriptor = open(node, O_WRONLY | O_NONBLOCK | O_CLOEXEC);
+    if (descriptor > 0)
+        writeWithoutSignal(descriptor, image);
+    close(descriptor); // also what is not written to: 0 must not stay open, -1 does no harm
+}
+
+void writeWithoutSignal(int descriptor, const RadarImage &image)
+{
+    sigset_t brokenPipe;
+    sigemptyset(&brokenPipe);
+    sigaddset(&brokenPipe, SIGPIPE);
+    sigset_t maskBefore;
+    pthread_sigmask(SIG_BLOCK, &brokenPipe, &maskBefore);
+    sigset_t pendingBefore;
+    sigpending(&pendingBefore);
+
+    const bool readerGone = write(descriptor, image.data(), image.size()) == -1 && errno == EPIPE;
+
+    // Take back the SIGPIPE of this write, but not one that already waited for the application.
+    if (readerGone && sigismember(&pendingBefore, SIGPIPE) == 0) {
+        const timespec noWait{};
+        sigtimedwait(&brokenPipe, nullptr, &noWait);
+    }
+    pthread_sigmask(SIG_SETMASK, &maskBefore, nullptr);
+}
