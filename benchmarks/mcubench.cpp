@@ -1,0 +1,220 @@
+// Measures what a report costs in the library and in the floor, in one run.
+//
+//     mcubench            times, through Google Benchmark; takes its options
+//     mcubench --count    for callgrind: one dump a row, named SERVICE/ROW
+//     mcubench --soak N   sends N mixed reports and prints how the resident memory grew
+#include "floor.h"
+
+#include "debug.h"
+#include "mcuservice.h"
+#include "mcusrv.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QFile>
+
+#include <benchmark/benchmark.h>
+#include <unistd.h>
+#include <valgrind/callgrind.h>
+
+#include <cstdio>
+#include <string>
+#include <vector>
+
+using mcu::McuService;
+using mcu::McuSrv;
+
+namespace {
+
+constexpr int countedReports = 1000;
+
+/// An application that does nothing with what it receives.
+class Receiver : public QObject {
+    Q_OBJECT
+
+public Q_SLOTS:
+    void takeRecord(QByteArray record) { benchmark::DoNotOptimize(record.constData()); }
+    void takeNumber(int number) { benchmark::DoNotOptimize(number); }
+};
+
+/// A service bound to the link with its receivers, which listen to all that is measured.
+template <typename Service>
+class Stand {
+public:
+    explicit Stand(int receivers) : m_receivers(std::size_t(receivers))
+    {
+        m_service.init();
+        for (const Receiver &receiver : m_receivers) {
+            for (const char *record :
+                 {SIGNAL(syncACInforUpdate(QByteArray)),
+                  SIGNAL(syncTruckPerformanceParametersInforUpdate(QByteArray))})
+                QObject::connect(&m_service, record, &receiver, SLOT(takeRecord(QByteArray)));
+            QObject::connect(&m_service, SIGNAL(eqTypeChanged(int)), &receiver,
+                             SLOT(takeNumber(int)));
+        }
+    }
+
+private:
+    Service m_service;
+    std::vector<Receiver> m_receivers;
+};
+
+/// One thing to measure.
+struct Row {
+    const char *name;
+    void (*act)();
+    int receivers;
+};
+
+McuSrv *link() { return McuSrv::instance(); }
+
+constexpr Row rows[] = {
+    {"car report",
+     [] { link()->reportAcChangedSgl(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15); }, 1},
+    {"truck report",
+     [] {
+         link()->reportTruckPerformanceParametersChangedSgl(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12,
+                                                            13, 14);
+     },
+     1},
+    {"relay to 0", [] { link()->eqTypeChangedSgl(1); }, 0},
+    {"relay to 1", [] { link()->eqTypeChangedSgl(1); }, 1},
+    {"relay to 4", [] { link()->eqTypeChangedSgl(1); }, 4},
+};
+
+constexpr Row silencedLog{"silenced log", [] { MCU_DEBUG << "level" << 5; }, 0};
+
+/// What is measured, by "SERVICE/ROW": calls the function with the row while its service stands.
+template <typename Measure>
+void forEachRow(Measure measure)
+{
+    for (const Row &row : rows) {
+        measure.template operator()<Floor>(std::string("floor/") + row.name, row);
+        measure.template operator()<McuService>(std::string("library/") + row.name, row);
+    }
+    measure.template operator()<McuService>(std::string("library/") + silencedLog.name,
+                                            silencedLog);
+}
+
+struct Time {
+    template <typename Service>
+    void operator()(const std::string &name, const Row &row) const
+    {
+        benchmark::RegisterBenchmark(name.c_str(), [row](benchmark::State &state) {
+            const Stand<Service> stand(row.receivers);
+            for (auto iteration : state) {
+                benchmark::DoNotOptimize(iteration);
+                row.act();
+            }
+        });
+    }
+};
+
+struct Count {
+    template <typename Service>
+    void operator()(const std::string &name, const Row &row) const
+    {
+        const Stand<Service> stand(row.receivers);
+        const auto actOften = [&row] {
+            for (int i = 0; i < countedReports; ++i)
+                row.act();
+        };
+        actOften(); // lookups and first allocations are done
+        CALLGRIND_START_INSTRUMENTATION;
+        CALLGRIND_ZERO_STATS;
+        actOften();
+        CALLGRIND_DUMP_STATS_AT(name.c_str());
+        CALLGRIND_STOP_INSTRUMENTATION;
+    }
+};
+
+/// Reports with the same value in all fields.
+template <typename... Ints>
+void report(void (McuSrv::*signal)(Ints...), int value)
+{
+    (link()->*signal)(Ints(value)...);
+}
+
+/// Every vehicle report once.
+int reportAll(int value)
+{
+    link()->reportFeatureVelroCodeChangedSgl(QByteArray(value % 64, 'x'));
+    report(&McuSrv::reportAcChangedSgl, value);
+    report(&McuSrv::reportAVMChangedSgl, value);
+    report(&McuSrv::reportVehicleSpeedChangedSgl, value);
+    report(&McuSrv::reportSteeringAngleChangedSgl, value);
+    report(&McuSrv::reportFeatureCodeChangedSgl, value);
+    report(&McuSrv::reportHuChangedSgl, value);
+    report(&McuSrv::reportAmbChangedSgl, value);
+    report(&McuSrv::reportPdcChangedSgl, value);
+    report(&McuSrv::reportTpmsChangedSgl, value);
+    report(&McuSrv::reportVehicleBodyChangedSgl, value);
+    report(&McuSrv::reportMeterSettingChangedSgl, value);
+    report(&McuSrv::reportVehicleFaultChangedSgl, value);
+    report(&McuSrv::ampStatusChangedSgl, value);
+    report(&McuSrv::avmCalibrationCmdChangedSgl, value);
+    report(&McuSrv::reportDtcFlagChangedSgl, value);
+    report(&McuSrv::reportTruckTpmsLearnChangedSgl, value);
+    report(&McuSrv::reportTruckDmsChangedSgl, value);
+    report(&McuSrv::reportTruckRsr1ChangedSgl, value);
+    report(&McuSrv::reportTruckSecurityChangedSgl, value);
+    report(&McuSrv::reportTruckVehicleHealthChangedSgl, value);
+    report(&McuSrv::reportTruckRpasChangedSgl, value);
+    report(&McuSrv::reportTruckTpmsThresholdChangedSgl, value);
+    report(&McuSrv::reportTruckTpmsCtiChangedSgl, value);
+    report(&McuSrv::reportTruckTpmsTemperatureChangedSgl, value);
+    report(&McuSrv::reportTruckTpmsPressureChangedSgl, value);
+    report(&McuSrv::reportTruckVehicleAlertsChangedSgl, value);
+    report(&McuSrv::reportTruckPerformanceParametersChangedSgl, value);
+    report(&McuSrv::reportTruckVehicleParametersChanged, value);
+    return 29;
+}
+
+long residentKib()
+{
+    QFile statm(QStringLiteral("/proc/self/statm"));
+    return statm.open(QFile::ReadOnly)
+               ? statm.readAll().split(' ').value(1).toLong() * (sysconf(_SC_PAGESIZE) / 1024)
+               : -1;
+}
+
+void soak(long reports)
+{
+    const Stand<McuService> stand(1);
+    const auto send = [](long count) {
+        int value = 0;
+        for (long sent = 0; sent < count; sent += reportAll(++value)) {
+            if (value % 1000 == 0)
+                QCoreApplication::processEvents(); // lets the CAN check timer tick
+        }
+    };
+    send(reports / 100);
+    const long before = residentKib();
+    QElapsedTimer timer;
+    timer.start();
+    send(reports);
+    std::printf("%ld reports, %.1f s, resident KiB before, after and growth: %ld %ld %ld\n",
+                reports, double(timer.elapsed()) / 1000, before, residentKib(),
+                residentKib() - before);
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    QCoreApplication application(argc, argv);
+    QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, false);
+    const QStringList arguments = application.arguments();
+    if (arguments.value(1) == QLatin1String("--count")) {
+        forEachRow(Count());
+    } else if (arguments.value(1) == QLatin1String("--soak")) {
+        soak(arguments.value(2).toLong());
+    } else {
+        forEachRow(Time());
+        benchmark::Initialize(&argc, argv);
+        benchmark::RunSpecifiedBenchmarks();
+    }
+    return 0;
+}
+
+#include "mcubench.moc"
