@@ -1,0 +1,119 @@
+// The factory audio-setting test: switches subwoofer, demo mode and the filter of the current
+// crossover in the settings, and applies them to the MCU.
+#include "autotesthandler.h"
+
+#include "autotesthandler_p.h"
+#include "speakersettings.h"
+
+#include "eventhandler.h"
+#include "settingsexe.h"
+#include "settingsutil.h"
+#include "srcdsplctrl.h"
+
+namespace mcu {
+
+namespace {
+
+mem::SettingsUtil *settings() { return mem::SettingsUtil::instance(); }
+
+int storedInt(const char *key)
+{
+    return settings()->getSaver()->getValue(QLatin1String(key), speakerSettingsFile, 0);
+}
+
+/// Sum without overflow: what the settings file holds is not checked.
+int wrappingSum(int left, unsigned right) { return int(unsigned(left) + right); }
+
+/// Sends the filter of a crossover type to the amplifier; a filter that is off is all zeros.
+void applyFilter(McuService *service, int type, int speakerMode, bool on, int value, int slope)
+{
+    constexpr unsigned thirdTypeOffset = 11; // values of type 3 are sent so much higher
+    const int sentValue = on ? value : 0;
+    const int sentSlope = on ? slope : 0;
+    if (type == 0)
+        service->setLPFValue(sentValue, sentSlope);
+    else if (type == 1)
+        service->setHPFValue(speakerMode ? 1 : 0, sentValue, sentSlope);
+    else if (type == 2 && speakerMode)
+        service->setRearLpf(sentValue, sentSlope);
+    else if (type == 2)
+        service->setHPFValue(1, sentValue, sentSlope);
+    else if (type == 3 && speakerMode)
+        service->setHPFValue(0, on ? wrappingSum(value, thirdTypeOffset) : 0, sentSlope);
+    else
+        MCU_DEBUG << "currAudio error:" << type;
+}
+
+} // namespace
+
+void AutoTestHandler::parse_ATW_SETTING_STATUS(const QByteArray &packet)
+{
+    // One byte for each setting: 1 is on, 2 is off, anything else leaves it alone.
+    using Step = void (AutoTestHandler::*)(int);
+    constexpr Step steps[]{&AutoTestHandler::setSubWooferStatus,
+                           &AutoTestHandler::setDemoModeStatus, &AutoTestHandler::setLPFStatus};
+    int offset = wire::payloadOffset;
+    for (const Step step : steps) {
+        const int order = wire::byteAt(packet, offset++);
+        if (order == 1 || order == 2)
+            (this->*step)(order - 1);
+    }
+}
+
+void AutoTestHandler::setSubWooferStatus(int v)
+{
+    MCU_DEBUG << settings()->getSubwooferOnOff(1) << v;
+    const int on = v == 0 ? 1 : 0;
+    settings()->setSubwooferOnOff(on, true);
+    m_data->service->setSubwooferValue(on);
+
+    constexpr int channels = 5;
+    constexpr int subwoofer = 4;
+    constexpr unsigned neutral = 24; // a level of 0 as the MCU counts
+    const int type = settings()->getSpeakerLevelCurrentType(0);
+    QByteArray levels;
+    for (int channel = 0; channel < channels; ++channel) {
+        const bool silent = channel == subwoofer && settings()->getSubwooferOnOff(1) == 0;
+        const int level = silent ? 0 : settings()->getSpeakerLevelValue(type, channel, 0);
+        levels.append(char(wrappingSum(level, neutral)));
+        MCU_DEBUG << "setSpeakerLevel :::::" << quint8(levels.back());
+    }
+    m_data->service->setSpeakerLevel(levels);
+
+    if (v == 0)
+        settings()->setCrossoverType(0, true);
+}
+
+void AutoTestHandler::setDemoModeStatus(int v)
+{
+    // Numbers of the platform: the display that must hear of demo mode going off, and how.
+    constexpr int demoDisplay = 30;
+    constexpr int demoOffEvent = 52;
+    const bool stored =
+        settings()->getSaver()->getValue(QStringLiteral("DemoOnOff"), speakerSettingsFile, false);
+    MCU_DEBUG << stored << v;
+    // The two count the other way round: equal means that the stored mode is not the wanted one.
+    if (int(stored) == v)
+        settings()->setDemoOnOff(v == 0, true);
+    if (v == 1 && SrcDsplCtrl::currentDspl() == demoDisplay)
+        EventHandler::instance()->onEvent(demoOffEvent);
+}
+
+void AutoTestHandler::setLPFStatus(int v)
+{
+    const int type = storedInt("CrossoverType");
+    const int current = settings()->getHpfLpfOnOff(type, 0);
+    MCU_DEBUG << "onHPF_On_Off >>> " << type << current << v;
+    if (current != v) // counted the other way round, as above
+        return;
+    settings()->setHpfLpfOnOff(type, v == 0 ? 1 : 0, true);
+
+    const int value = settings()->getHpfLpfValue(type, 0);
+    const int slope = settings()->getHpfLpfSlope(type, 0);
+    const int on = settings()->getHpfLpfOnOff(type, 0);
+    const int mode = storedInt("SpeakerMode");
+    MCU_DEBUG << ">>>>>>>>>" << type << value << slope << on;
+    applyFilter(m_data->service, type, mode, on != 0, value, slope);
+}
+
+} // namespace mcu

@@ -1,0 +1,345 @@
+// The factory end-of-line test as applications see it: signals for what the station asks and sets,
+// operations to answer it.
+#pragma once
+
+#include "mcuserviceexport.h"
+
+#include <QByteArray>
+#include <QObject>
+
+#include <memory>
+
+class QTimer;
+
+namespace mcu {
+
+class AutoTestHandlerPrivate;
+
+/// Speaks the protocol of the factory test station, whose packets the MCU carries.
+///
+/// Between start() and stop() the packets that arrive through McuService::autoTestPkgChanged() are
+/// put together, verified and turned into signals, one packet for each chunk received. What a
+/// request asks for is the applications' to know: they answer a read...() signal with
+/// sendReadInfo() for the same DID, usually with the requested item as the first byte. Write
+/// requests are acknowledged here, whether or not anyone listens to the signal. A broken or unknown
+/// packet gets no answer.
+///
+/// Every int argument of a read...() or set...() signal is a payload byte, 0..255; the codes are
+/// the station's. A byte that the request does not have is not checked for: the packet's next byte,
+/// its checksum, takes the place of the first one missing, then come zeros.
+///
+/// Packets leave through McuService::sendAutoTestPkgToMcu(), outside the test mode too; without a
+/// link they go nowhere. A payload is cut off at 253 bytes. Everything runs in the thread that
+/// first called instance(), which must be the facade's.
+class MCUSERVICE_EXPORT AutoTestHandler : public QObject {
+    Q_OBJECT
+
+public:
+    /// The object, created on first use and destroyed at process exit. Never null.
+    static AutoTestHandler *instance();
+
+    explicit AutoTestHandler(QObject *parent = nullptr);
+    ~AutoTestHandler() override;
+
+    /// Begins and ends receiving; McuService::notifyAutoTestStatus() calls them. A second start()
+    /// does nothing. stop() forgets bytes received so far; the key test stays as it is.
+    void start();
+    void stop();
+    /// Whether packets are being received; false before the first start().
+    bool isInAutotestMode() const;
+    /// Whether the key test is on, the same as isInKeyTest().
+    bool isKeyDetect() const;
+
+    // Answers to read requests, by DID (its low 8 bits): the data, or one byte item and the data.
+
+    void sendReadInfo(int did, int item, const QByteArray &data);
+    void sendReadInfo(int did, const QByteArray &data);
+    /// A write response beyond the automatic one.
+    void sendWriteInfo(int did, int item, const QByteArray &data);
+    /// A feedback packet: something happened that the station did not ask for.
+    void sendFeedbackInfo(int did, int item, const QByteArray &data);
+
+    // Milestones of the test: feedback packets without payload.
+
+    void sendBootDoneSuccess();
+    void sendBTSearchSuccess();
+    void sendBTConnSuccess();
+    void sendBTDownPhoneBookSuccess();
+    void sendBTCallSuccess();
+
+Q_SIGNALS:
+    // Read requests: the application that has the value answers with sendReadInfo() for the DID in
+    // front. `type` is the requested item.
+
+    /// 0x01: sound settings.
+    void readSoundInfo(int type);
+    /// 0x02: media source.
+    void readMediaSource();
+    /// 0x03: screen settings.
+    void readScreenInfo(int type);
+    /// 0x04: date and time.
+    void readDataTime(int type);
+    /// 0x05: language.
+    void readLaguage();
+    /// 0x07: radio area.
+    void readRadioArea();
+    /// 0x08: power status.
+    void readPwrStatus();
+    /// 0x09: the screen shown.
+    void readCurrentUI();
+    /// 0x23: number of satellites.
+    void readStatelliteNum(int type);
+    /// 0x30: Bluetooth address.
+    void readBTAddr();
+    /// 0x31: Bluetooth device name.
+    void readBTName();
+    /// 0x41: panel keys. While the key test is on, each key is also reported by itself.
+    void readPanelKeyStatus();
+    /// 0x42: radio frequency.
+    void readRadioFreqInfo(int type);
+    /// 0x44: RDS.
+    void readRadioRDSInfo(int type);
+    /// 0x45: DAB.
+    void readDABInfo(int type);
+    /// 0x46: satellite radio.
+    void readSXMInfo(int type);
+    /// 0x51: CAN.
+    void readCANInfo(int type);
+    /// 0x81: software version.
+    void readSoftVersion(int type);
+    /// 0x82: hardware version.
+    void readHardVersion(int type);
+    /// 0x83: model.
+    void readTestModel();
+    /// 0xD4: serial number.
+    void readSN();
+    /// 0x85: UUID.
+    void readUUID();
+    /// 0xA0: vehicle name.
+    void readVehName();
+    /// 0xA1: vehicle identification number.
+    void readVehVIN();
+    /// 0xD0: destination code.
+    void readDestCode();
+    /// 0xD1: GPS.
+    void readGpsInfo();
+    /// 0xD2: steering-wheel keys. While the key test is on, each key is also reported by itself.
+    void readWheelKey();
+    /// 0xD3: vehicle speed.
+    void readSpeed();
+
+    // Write requests, by the DID in front. The station is answered when the signal has returned.
+
+    /// 0x01: a sound setting. Without a value byte `value` is read from the packet's start.
+    void setSoundInfo(int type, int value);
+    /// 0x02: media source. Bytes beyond the end are read from the packet's start.
+    void setMedisSource(int type, int value1, int value2);
+    /// 0x03: a screen setting. Bytes beyond the end are read from the packet's start.
+    void setScreenInfo(int type, int value);
+    /// 0x04: date and time, `data` being the payload after the type. Not without payload.
+    void setTimeDataInfo(int type, QByteArray data);
+    /// 0x05: language.
+    void setLanguage(int type);
+    /// 0x06: reset to factory settings.
+    void setFactoryReset();
+    /// 0x07: radio area.
+    void setRadioArea(int);
+    /// 0x10: RDS function and its state.
+    void setRadioRds(int, int);
+    /// 0x09: screen to show.
+    void setUI(int type);
+    /// 0x0B: tuner seek.
+    void setTunerSeek(int type);
+    /// 0x0D: fill the screen with a colour.
+    void setScreenColor(int type);
+    /// 0x30: Bluetooth search.
+    void setSearCh(int type);
+    /// 0x31: Bluetooth connection.
+    void setConnect(int type);
+    /// 0x32: download the phone book.
+    void setDownloadPhonebook();
+    /// 0x33: play Bluetooth music.
+    void setPlayBTMusic();
+    /// 0x34: call; `data` is the payload after its first byte, the number. Not without payload.
+    void setCallPhone(QByteArray data);
+    /// 0x35: microphone test.
+    void setEnterMicTest(int type);
+    /// 0x37: Bluetooth on or off.
+    void setOpenBT(int type);
+    /// 0x38: Bluetooth test mode.
+    void setEnterBTTestMode(int type);
+    /// 0x39: detect the Bluetooth address.
+    void detectBTAddr();
+    /// 0x3A: pair with the phone.
+    void btMatchPhone();
+    /// 0x3D: phone connection.
+    void phoneConnected(int type);
+    /// 0x3E: reverse view.
+    void setReverse(int type);
+    /// 0x46: steering-wheel key to learn.
+    void setSWCKey(int key);
+    /// 0x50: sound the buzzer.
+    void setBuzzerSound();
+    /// 0xE0: warning screen at start.
+    void setBootWarnScreen(int type);
+    /// 0xF1: destination code.
+    void setDestCode(int code);
+    /// 0xF2: confirm the destination code.
+    void setDestCodeOK();
+    /// 0xF0: show the destination code screen.
+    void setDestCodeUi();
+    /// 0x3C with 1: the key test is on.
+    void enterWheelStudyUi();
+    /// 0x3C with anything else: the key test is off.
+    void exitWheelStudyUi();
+    /// 0xF4: steering-wheel adapter.
+    void setSWCAdapter(int adapter);
+    /// 0xF5: camera.
+    void setCamera(int camara);
+    /// Declared for applications; this library does not emit it.
+    void setSN(QByteArray SN);
+
+public Q_SLOTS:
+    /// A steering-wheel key: while the key test is on, its code is reported as DID 0xD2 whatever
+    /// the state; a key without code gives an empty payload.
+    void onKeyHandle(int key, int state);
+    /// A key of kind 0 (steering wheel, as above) or 1 (panel). While the key test is on, a panel
+    /// key is reported as DID 0x41: pressed (state 0), held for 500 ms, released (state 1). Key 1
+    /// is reported only as held, 500 ms after its press, even when released before.
+    void onHuKeyHandle(int key, int state, int kind);
+    /// Whether the key test is on; false at start.
+    bool isInKeyTest();
+
+private Q_SLOTS:
+    void onAutoTestPkgChanged(QByteArray data);
+    void onTimerOut();
+
+private:
+    // From a chunk to the handler of its packet's DID.
+    void analysisData();
+    void parseDataCmd(const QByteArray &packet);
+    void parseReadData(const QByteArray &packet);
+    void parseWriteData(const QByteArray &packet);
+    void parseFeedbackData(const QByteArray &packet);
+
+    // Read requests
+    void parse_ATR_SOUND_DID(const QByteArray &packet);
+    void parse_ATR_MEDIA_DID(const QByteArray &packet);
+    void parse_ATR_SCREEN_DID(const QByteArray &packet);
+    void parse_ATR_TIME_DATE_DID(const QByteArray &packet);
+    void parse_ATR_LANGUAGE_DID(const QByteArray &packet);
+    void parse_ATR_RadioArea_DID(const QByteArray &packet);
+    void parse_ATR_PowSta_DID(const QByteArray &packet);
+    void parse_ATR_UI_DID(const QByteArray &packet);
+    void parse_ATR_NaviDemo_DID(const QByteArray &packet);
+    void parse_ATR_GPSFlag_DID(const QByteArray &packet);
+    void parse_ATR_GPSTime_DID(const QByteArray &packet);
+    void parse_ATR_SatelliteNUM_DID(const QByteArray &packet);
+    void parse_ATR_Dirction_DID(const QByteArray &packet);
+    void parse_ATR_TBOX_DID(const QByteArray &packet);
+    void parse_ATR_MapSize_DID(const QByteArray &packet);
+    void parse_ATR_BTAddress_DID(const QByteArray &packet);
+    void parse_ATR_BTDev_DID(const QByteArray &packet);
+    void parse_ATR_KeySta_DID(const QByteArray &packet);
+    void parse_ATR_RadioFreq_DID(const QByteArray &packet);
+    void parse_ATR_TPMS_DID(const QByteArray &packet);
+    void parse_ATR_RDS_DID(const QByteArray &packet);
+    void parse_ATR_DAB_DID(const QByteArray &packet);
+    void parse_ATR_SXM_DID(const QByteArray &packet);
+    void parse_ATR_CAN_DID(const QByteArray &packet);
+    void parse_ATR_SoftWare_DID(const QByteArray &packet);
+    void parse_ATR_HardWare_DID(const QByteArray &packet);
+    void parse_ATR_MODEL_DID(const QByteArray &packet);
+    void parse_ATR_SN_DID(const QByteArray &packet);
+    void parse_ATR_UUID_DID(const QByteArray &packet);
+    void parse_ATR_VehicleName_DID(const QByteArray &packet);
+    void parse_ATR_VehicleNum_DID(const QByteArray &packet);
+    void parse_ATR_RSC_TSN_DID(const QByteArray &packet);
+    void parse_ATR_ECU_MDATE_DID(const QByteArray &packet);
+    void parse_ATR_ECU_PDATE_DID(const QByteArray &packet);
+    void parse_ATR_ECU_ADATE_DID(const QByteArray &packet);
+    void parse_ATR_MMI_FUNC_DID(const QByteArray &packet);
+    void parse_ATR_VEH_NET_DID(const QByteArray &packet);
+    void parse_ATR_WIFI_CONN_DID(const QByteArray &packet);
+    void parse_ATR_WIFI_SIG_DID(const QByteArray &packet);
+    void parse_ATR_DVR_DID(const QByteArray &packet);
+    void parse_ATR_DEST_DID(const QByteArray &packet);
+    void parse_ATR_GPS_DID(const QByteArray &packet);
+    void parse_ATR_WHEEL_KEY_DID(const QByteArray &packet);
+    void parse_ATR_SPEED_DID(const QByteArray &packet);
+    void parse_ATR_READ_SN(const QByteArray &packet);
+
+    // Write requests
+    void parse_ATW_SOUND_DID(const QByteArray &packet);
+    void parse_ATW_MEDIA_DID(const QByteArray &packet);
+    void parse_ATW_SCREEN_DID(const QByteArray &packet);
+    void parse_ATW_TIME_DATE_DID(const QByteArray &packet);
+    void parse_ATW_LANGUAGE_DID(const QByteArray &packet);
+    void parse_ATW_FACTORY_DID(const QByteArray &packet);
+    void parse_ATW_RadioArea_DID(const QByteArray &packet);
+    void parse_ATW_PowSta_DID(const QByteArray &packet);
+    void parse_ATW_UI_DID(const QByteArray &packet);
+    void parse_ATW_RESET_DID(const QByteArray &packet);
+    void parse_ATW_SEEK_DID(const QByteArray &packet);
+    void parse_ATW_CAMERA_DID(const QByteArray &packet);
+    void parse_ATW_SCRCOLOR_DID(const QByteArray &packet);
+    void parse_ATW_SETRDS_DID(const QByteArray &packet);
+    void parse_ATW_NAVI_DID(const QByteArray &packet);
+    void parse_ATW_ExitNAVI_DID(const QByteArray &packet);
+    void parse_ATW_BTSearch_DID(const QByteArray &packet);
+    void parse_ATW_BTConnect_DID(const QByteArray &packet);
+    void parse_ATW_DLPhone_DID(const QByteArray &packet);
+    void parse_ATW_BTMusic_DID(const QByteArray &packet);
+    void parse_ATW_CALL_DID(const QByteArray &packet);
+    void parse_ATW_MIC_DID(const QByteArray &packet);
+    void parse_ATW_BTState_DID(const QByteArray &packet);
+    void parse_ATW_BTTest_DID(const QByteArray &packet);
+    void parse_ATW_BTADDRTest_DID(const QByteArray &packet);
+    void parse_ATW_BTPHONE_DID(const QByteArray &packet);
+    void parse_ATW_TBOX_DID(const QByteArray &packet);
+    void parse_ATW_DKey_DID(const QByteArray &packet);
+    void parse_ATW_CONNECTION_DID(const QByteArray &packet);
+    void parse_ATW_REVERSE_DID(const QByteArray &packet);
+    void parse_ATW_SETSWCKEY(const QByteArray &packet);
+    void parse_ATW_BUZZER_DID(const QByteArray &packet);
+    void parse_ATW_SN_DID(const QByteArray &packet);
+    void parse_ATW_MES_DID(const QByteArray &packet);
+    void parse_ATW_FASTSLEEP_DID(const QByteArray &packet);
+    void parse_ATW_vEHNAME_DID(const QByteArray &packet);
+    void parse_ATW_vEHVIN_DID(const QByteArray &packet);
+    void parse_ATW_ConnectionStatus_DID(const QByteArray &packet);
+    void parse_ATW_ConnectionWifi_DID(const QByteArray &packet);
+    void parse_ATW_WARN_SCREEN_DID(const QByteArray &packet);
+    void parse_ATW_ENTER_DEST_DID(const QByteArray &packet);
+    void parse_ATW_SET_DEST_DID(const QByteArray &packet);
+    void parse_ATW_DEST_OK_DID(const QByteArray &packet);
+    void parse_ATW_SET_DAY_NIGHT_DID(const QByteArray &packet);
+    void parse_ATW_SET_SWC_ADAPTER(const QByteArray &packet);
+    void parse_ATW_SET_CAMARA(const QByteArray &packet);
+    void parse_ATW_SET_SN(const QByteArray &packet);
+    void parse_ATW_SETTING_STATUS(const QByteArray &packet);
+
+    // Feedback of the station
+    void parse_ATF_PWUP_DID(const QByteArray &packet);
+    void parse_ATF_NAVISET_DID(const QByteArray &packet);
+    void parse_ATF_BTSH_DID(const QByteArray &packet);
+    void parse_ATF_BTConnect_DID(const QByteArray &packet);
+    void parse_ATF_BTDisconnect_DID(const QByteArray &packet);
+    void parse_ATF_BTDNBK_DID(const QByteArray &packet);
+    void parse_ATF_BTCALL_DID(const QByteArray &packet);
+
+    // Steps of the audio-setting test: 0 switches on, 1 switches off.
+    void setSubWooferStatus(int v);
+    void setDemoModeStatus(int v);
+    void setLPFStatus(int v);
+
+    void acknowledge(const QByteArray &packet);
+    void reportPanelKey(int key, int state);
+    void startLongPress(int key);
+
+    std::unique_ptr<AutoTestHandlerPrivate> m_data;
+    QTimer *m_longPress = nullptr; ///< made with the first panel key
+    int m_pressedKey = 0;          ///< the panel key that the timer is for
+};
+
+} // namespace mcu
