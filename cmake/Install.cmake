@@ -2,8 +2,10 @@
 include(CMakePackageConfigHelpers)
 
 set(public_headers
+    autotest/autotesthandler.h
     include/debug.h
     include/mcuserviceexport.h
+    manager/mcumanager.h
     radio/mcuradiointerface.h
     radio/radiostringconnver.h
     service/mcuservice.h

@@ -1,0 +1,204 @@
+// Audio arbitration: which channel is in front, and how the main audio makes room for an event and
+// comes back after it. docs/audio.md shows the cycle; the comments here name its states:
+//
+//     idle        nothing recorded
+//     recorded    an event took over; mute and attenuation of before are recorded
+//     waiting     the event is over, but the platform still has interrupting events
+//     restoring   given back; the records are kept until the restore timer ends
+#include "mcumanager.h"
+
+#include "audioarbitration.h"
+#include "callon.h"
+#include "debug.h"
+#include "mcuservice.h"
+
+#include "audioservice.h"
+
+using hxaudio::AudioService;
+using mcu::callOn;
+using mcu::McuService;
+
+namespace {
+
+/// Type of the MCU mute that covers a switch of the main audio.
+constexpr int switchMute = 50;
+
+constexpr char duckMarker[] = "~~~~~~~~~~~~~~~~~~~~~~~";
+
+} // namespace
+
+// Channel
+
+void McuManager::updateAudioChannel(McuManager::AudioChannel channel)
+{
+    if (m_carplayAlert) {
+        MCU_DEBUG << "switch channel at alert!";
+        m_audioChannel = channel;
+        return;
+    }
+    if (!m_service)
+        return;
+    MCU_DEBUG << "channel=" << channel;
+    Q_EMIT audioChannel(channel);
+    m_audioChannel = channel;
+    m_service->updateAudioChannel(channel);
+}
+
+void McuManager::onCarplayAlertStart() { m_carplayAlert = true; }
+
+void McuManager::onCarplayAlertStop()
+{
+    if (!m_carplayAlert)
+        return;
+    m_carplayAlert = false;
+    updateAudioChannel(AudioChannel(m_audioChannel));
+}
+
+// Status and the event-mute cycle
+
+int McuManager::audioStatus()
+{
+    const int status = m_audioStatus;
+    MCU_DEBUG << status;
+    return status;
+}
+
+void McuManager::updateAudioStatus(McuManager::AudioStatus status)
+{
+    const QMutexLocker lock(&m_mutex);
+    m_lastAudioStatus = status;
+    if (!m_service)
+        return;
+    m_audioStatus = status;
+
+    AudioService *audio = AudioService::instance();
+    switch (arbitration::groupOf(status)) {
+    case arbitration::StatusGroup::EventOn: // idle, recorded, restoring -> recorded
+        // What is recorded already stays: the first event of a run wins.
+        if (m_restoreMuteOfEvtOff == arbitration::NothingRecorded) {
+            const bool muted = audio->isMainAudioMute(audio->muteState());
+            MCU_DEBUG << muted;
+            m_restoreMuteOfEvtOff = arbitration::recordOf(muted);
+            MCU_DEBUG << "m_restoreMuteOfEvtOff is" << m_restoreMuteOfEvtOff;
+            MCU_DEBUG << (muted ? "need restore mute" : "need restore demute");
+        }
+        if (m_atttoreMuteOfEvtOff == arbitration::NothingRecorded) {
+            const int attenuation = audio->getAttState();
+            MCU_DEBUG << attenuation;
+            m_atttoreMuteOfEvtOff = arbitration::recordOf(attenuation != 0);
+            MCU_DEBUG << "m_atttoreMuteOfEvtOff is" << m_atttoreMuteOfEvtOff;
+            MCU_DEBUG << (attenuation != 0 ? "need restore att" : "need restore deAtt");
+        }
+        instance()->setAudioMute2(true, switchMute);
+        audio->Att20DB(false);
+        audio->setMainAudioMute(false);
+        // Queued, here and at the start: timers belong to the manager's thread.
+        QMetaObject::invokeMethod(&m_dlyEndRestoreMuteTmr, "stop", Qt::QueuedConnection);
+        break;
+    case arbitration::StatusGroup::EventOff: // recorded -> waiting or restoring
+        checkEventOffRestoreMute();
+        break;
+    case arbitration::StatusGroup::PhoneEnd:
+        m_phoneEndPending = false;
+        break;
+    case arbitration::StatusGroup::PassThrough:
+        break;
+    }
+
+    MCU_DEBUG << "**updateAudio****" << m_audioStatus;
+    m_service->updateAudioStatus(m_audioStatus);
+}
+
+bool McuManager::isContainAudioInterrupt()
+{
+    const QList<int> events = AudioService::instance()->eventStates();
+    MCU_DEBUG << events;
+    return arbitration::containsInterrupt(events);
+}
+
+void McuManager::checkEventOffRestoreMute()
+{
+    AudioService *audio = AudioService::instance();
+    disconnect(audio, SIGNAL(eventStateChanged()), this, SLOT(onEventStateChanged()));
+    if (isContainAudioInterrupt()) { // -> waiting
+        MCU_DEBUG << "wait for the end of the audio events";
+        connect(audio, SIGNAL(eventStateChanged()), this, SLOT(onEventStateChanged()));
+        return;
+    }
+
+    // -> restoring. Both conditions on the attenuation are meant so: giving it back cancels the
+    // restore of the mute, and taking it off goes by the mute record.
+    MCU_DEBUG << m_atttoreMuteOfEvtOff;
+    if (m_atttoreMuteOfEvtOff == arbitration::RestoreOn) {
+        MCU_DEBUG << "restore att";
+        instance()->setAudioMute2(true, switchMute);
+        audio->Att20DB(true);
+        m_restoreMuteOfEvtOff = arbitration::NothingRecorded;
+    } else if (m_restoreMuteOfEvtOff == arbitration::RestoreOff) {
+        MCU_DEBUG << "restore deAtt";
+        audio->Att20DB(false);
+    }
+
+    MCU_DEBUG << m_restoreMuteOfEvtOff;
+    if (m_restoreMuteOfEvtOff == arbitration::RestoreOn) {
+        MCU_DEBUG << "restore mute";
+        instance()->setAudioMute2(true, switchMute);
+        audio->setMainAudioMute(true);
+    } else if (m_restoreMuteOfEvtOff == arbitration::RestoreOff) {
+        MCU_DEBUG << "restore demute";
+        audio->setMainAudioMute(false);
+    }
+    QMetaObject::invokeMethod(&m_dlyEndRestoreMuteTmr, "start", Qt::QueuedConnection);
+}
+
+void McuManager::onEventStateChanged()
+{
+    // Any event, interrupting or not, keeps waiting.
+    const bool noEvent = AudioService::instance()->eventStates().isEmpty();
+    MCU_DEBUG << noEvent;
+    if (noEvent)
+        checkEventOffRestoreMute();
+}
+
+void McuManager::onDlyEndRestoreMuteTmrout() // restoring -> idle
+{
+    m_restoreMuteOfEvtOff = arbitration::NothingRecorded;
+    m_atttoreMuteOfEvtOff = arbitration::NothingRecorded;
+    MCU_DEBUG << "m_restoreMuteOfEvtOff is" << m_restoreMuteOfEvtOff << m_atttoreMuteOfEvtOff;
+}
+
+void McuManager::onDlyUptPheEndTmrout()
+{
+    m_phoneEndPending = false;
+    MCU_DEBUG << m_pendingAtt << m_cpConnected << m_mainMuted;
+    if (m_pendingAtt) {
+        m_pendingAtt = false;
+        if (!m_mainMuted)
+            triggerAtt(1);
+    } else if (m_mainMuted) {
+        triggerAtt(0);
+    }
+    MCU_DEBUG << m_pendingMute;
+    if (m_pendingMute)
+        setAudioMute(true);
+}
+
+// Ducking
+
+void McuManager::duckAudio(int type, int level)
+{
+    MCU_DEBUG << duckMarker << type << level;
+    m_isDucking = true;
+    callOn(m_service, &McuService::duckAudio, type, level);
+}
+
+void McuManager::unduckAudio(int type)
+{
+    MCU_DEBUG << duckMarker << type;
+    m_isDucking = false;
+    // Not between the steps of an updateAudioStatus() in another thread.
+    const QMutexLocker lock(&m_mutex);
+    callOn(m_service, &McuService::unduckAudio, type);
+}
+
+bool McuManager::isDucking() { return m_isDucking; }
