@@ -2,8 +2,10 @@
 // twice but the settings of the desk.
 #include "catalogue.h"
 
+#include "autotesthandler.h"
 #include "desk.h"
 #include "linksubstitute.h"
+#include "mcumanager.h"
 #include "mcuradiointerface.h"
 #include "mcuservice.h"
 #include "mcuvechiclebridge.h"
@@ -22,7 +24,7 @@ namespace {
 
 QString typeName(int type)
 {
-    return type == QMetaType::QVariantList ? QStringLiteral("int[5]")
+    return type == QMetaType::QVariantList ? QStringLiteral("int[]")
                                            : QString::fromLatin1(QMetaType::typeName(type));
 }
 
@@ -46,18 +48,29 @@ QVariant asBytes(const QJsonValue &value)
     return bytes.toHex() == digits.toLower() ? QVariant(bytes) : QVariant();
 }
 
-QVariant asFiveInts(const QJsonValue &value)
+/// A list of ints, or invalid.
+QVariant asInts(const QJsonValue &value, int length)
 {
     QVariantList ints;
     for (const auto &item : value.toArray())
         ints.append(asInt(item));
-    return ints.size() == 5 && !ints.contains(QVariant()) ? QVariant(ints) : QVariant();
+    const bool fits =
+        value.isArray() && !ints.contains(QVariant()) && (length == 0 || ints.size() == length);
+    return fits ? QVariant(ints) : QVariant();
+}
+
+/// A setting of any type, in the type it is written in.
+QVariant readFreely(const QJsonValue &value)
+{
+    if (value.isDouble())
+        return asInt(value);
+    return value.isBool() || value.isString() ? value.toVariant() : QVariant();
 }
 
 /// The value in the type of a parameter, or invalid.
-QVariant read(const QJsonValue &value, int type)
+QVariant read(const QJsonValue &value, const Parameter &parameter)
 {
-    switch (type) {
+    switch (parameter.type) {
     case QMetaType::Int:
         return asInt(value);
     case QMetaType::Bool:
@@ -67,19 +80,12 @@ QVariant read(const QJsonValue &value, int type)
     case QMetaType::QByteArray:
         return asBytes(value);
     case QMetaType::QVariantList:
-        return asFiveInts(value);
+        return asInts(value, parameter.length);
+    case QMetaType::QVariant:
+        return readFreely(value);
     default:
         return {};
     }
-}
-
-/// The value in the type it is written in, for calls to the platform classes.
-QVariant readFreely(const QJsonValue &value)
-{
-    if (value.isDouble())
-        return asInt(value);
-    const QVariant bytes = asBytes(value);
-    return bytes.isValid() ? bytes : value.toVariant();
 }
 
 QString written(const QJsonValue &value)
@@ -102,7 +108,7 @@ QString readFor(const Signature &signature, const QJsonArray &values, QVariantLi
     arguments->clear();
     for (int i = 0; i < expected; ++i) {
         const Parameter &parameter = signature.parameters[i];
-        arguments->append(read(values[i], parameter.type));
+        arguments->append(read(values[i], parameter));
         if (!arguments->last().isValid()) {
             return QStringLiteral("%1: argument %2 (%3%4) cannot be %5")
                 .arg(signature.name)
@@ -126,6 +132,8 @@ const char *title(Kind kind)
         return "setting";
     case Kind::Signal:
         return "application signal";
+    case Kind::Answer:
+        return "answering operation";
     case Kind::Command:
         return "link command";
     case Kind::Platform:
@@ -138,6 +146,36 @@ template <typename Object>
 ApplicationObject applicationObject(const char *name)
 {
     return {name, []() -> QObject * { return Object::instance(); }, &Object::staticMetaObject};
+}
+
+/// What the substitutes of the platform classes write down.
+QVector<Signature> platformCalls()
+{
+    constexpr int Int = QMetaType::Int;
+    constexpr int Bool = QMetaType::Bool;
+    constexpr int Text = QMetaType::QString;
+    constexpr int Any = QMetaType::QVariant;
+    return {
+        {"AudioService.Att20DB", {{Bool, "on"}}},
+        {"AudioService.setMainAudioMute", {{Bool, "on"}}},
+        {"DateTimeManager.setDateTime",
+         {{Int, "year"},
+          {Int, "month"},
+          {Int, "day"},
+          {Int, "hour"},
+          {Int, "minute"},
+          {Int, "second"},
+          {Bool, "flag"}}},
+        {"EventHandler.onEvent", {{Int, "event"}}},
+        {"TunerControl.HDR_DabRequestScan", {}},
+        {"TunerControl.HDR_DabTunerFM", {{Int, "index"}}},
+        {"SettingsUtil.SubwooferOnOff", {{Int, "value"}}},
+        {"SettingsUtil.CrossoverType", {{Int, "value"}}},
+        {"SettingsUtil.HpfLpfOnOff", {{Int, "type"}, {Int, "value"}}},
+        {"SettingsUtil.DemoOnOff", {{Bool, "value"}}},
+        {"SettingsExe.setOtherPathValue",
+         {{Text, "key"}, {Text, "file"}, {Any, "value"}, {Any, "value2"}, {Bool, "flag"}}},
+    };
 }
 
 QVector<Signature> makeCatalogue(Kind kind)
@@ -163,11 +201,18 @@ QVector<Signature> makeCatalogue(Kind kind)
         for (const Operation &operation : operations())
             signatures.append({operation.name, operation.parameters});
         break;
+    case Kind::Answer:
+        for (const Operation &operation : operations()) {
+            if (operation.result != QMetaType::Void)
+                signatures.append({operation.name, {{operation.result, QString()}}});
+        }
+        break;
     case Kind::Setting:
         for (const Setting &setting : settings())
             signatures.append({setting.name, setting.parameters});
         break;
     case Kind::Platform:
+        signatures = platformCalls();
         break;
     }
     return signatures;
@@ -199,6 +244,8 @@ const QVector<ApplicationObject> &applicationObjects()
         applicationObject<mcu::McuService>("McuService"),
         applicationObject<mcu::McuRadioInterface>("McuRadioInterface"),
         applicationObject<McuVechicleBridge>("McuVechicleBridge"),
+        applicationObject<mcu::AutoTestHandler>("AutoTestHandler"),
+        applicationObject<McuManager>("McuManager"),
     };
     return objects;
 }
@@ -225,15 +272,6 @@ QVector<Signature> catalogue(Kind kind)
 bool readArguments(Kind kind, const QString &name, const QJsonValue &value, QVariantList *arguments,
                    QString *error)
 {
-    if (kind == Kind::Platform) {
-        const QJsonArray values = value.isUndefined() ? QJsonArray()
-                                  : value.isArray()   ? value.toArray()
-                                                      : QJsonArray{value};
-        for (const QJsonValue &item : values)
-            arguments->append(readFreely(item));
-        return true;
-    }
-
     const QVector<Signature> candidates = named(kind, name);
     if (candidates.isEmpty()) {
         *error = QStringLiteral("unknown %1 \"%2\"; `mcusim list` shows them all")

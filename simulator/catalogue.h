@@ -28,8 +28,7 @@ struct ApplicationObject {
 };
 const QVector<ApplicationObject> &applicationObjects();
 
-/// All names of a kind in the order of the interface; overloads one after another. Calls to the
-/// platform classes have no list: any name goes.
+/// All names of a kind in the order of the interface; overloads one after another.
 QVector<Signature> catalogue(Kind kind);
 
 Signature signature(const QMetaMethod &method, const QString &prefix = {});

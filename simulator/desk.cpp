@@ -27,17 +27,30 @@ QVector<Setting> makeSettings()
                           link::setAnswer(query, arguments.first());
                       }});
     }
-    table.append({QStringLiteral("forceTime"),
-                  {{QMetaType::Bool, QStringLiteral("force")}},
-                  [](const QVariantList &arguments) {
-                      platform::setForceTime(arguments.first().toBool());
-                  }});
-    table.append({QStringLiteral("mcu_upgrade_status"),
-                  {{QMetaType::Bool, QStringLiteral("upgrading")}},
-                  [](const QVariantList &arguments) {
-                      platform::setSetting(QStringLiteral("mcu_upgrade_status"),
-                                           arguments.first().toBool());
-                  }});
+    const auto add = [&table](const char *name, QVector<Parameter> parameters, auto apply) {
+        table.append({QString::fromLatin1(name), std::move(parameters), apply});
+    };
+    add("forceTime", {{QMetaType::Bool, "force"}},
+        [](const QVariantList &values) { platform::setForceTime(values[0].toBool()); });
+    add("mcu_upgrade_status", {{QMetaType::Bool, "upgrading"}}, [](const QVariantList &values) {
+        platform::setSetting(QStringLiteral("mcu_upgrade_status"), values[0].toBool());
+    });
+    add("audioEvents", {{QMetaType::QVariantList, "events"}}, [](const QVariantList &values) {
+        QList<int> events;
+        for (const QVariant &event : values[0].toList())
+            events.append(event.toInt());
+        platform::setAudioEvents(events);
+    });
+    add("mainAudioMuted", {{QMetaType::Bool, "muted"}},
+        [](const QVariantList &values) { platform::setMainAudioMuted(values[0].toBool()); });
+    add("attenuated", {{QMetaType::Bool, "attenuated"}},
+        [](const QVariantList &values) { platform::setAttenuated(values[0].toBool()); });
+    add("panelKey", {{QMetaType::Int, "key"}, {QMetaType::Int, "state"}, {QMetaType::Int, "kind"}},
+        [](const QVariantList &values) {
+            platform::pressPanelKey(values[0].toInt(), values[1].toInt(), values[2].toInt());
+        });
+    add("currentDisplay", {{QMetaType::Int, "display"}},
+        [](const QVariantList &values) { platform::setCurrentDisplay(values[0].toInt()); });
     return table;
 }
 
@@ -66,6 +79,18 @@ Desk::Desk(substitute::VirtualClock *clock, Link link, Listener listener)
         [this](const substitute::Call &call) { tell(Kind::Command, call.name, call.arguments); });
     platform::log().setListener(
         [this](const substitute::Call &call) { tell(Kind::Platform, call.name, call.arguments); });
+}
+
+Desk::~Desk()
+{
+    link::log().setListener({});
+    platform::log().setListener({});
+}
+
+void Desk::start()
+{
+    mcu::McuService::instance()->init();
+    // Only now, as applications do: the manager has a command for the link when it is made.
     for (const ApplicationObject &object : applicationObjects()) {
         const QString prefix = QString::fromLatin1(object.name) + '.';
         m_taps.push_back(std::make_unique<substitute::SignalTap>(
@@ -75,14 +100,6 @@ Desk::Desk(substitute::VirtualClock *clock, Link link, Listener listener)
             }));
     }
 }
-
-Desk::~Desk()
-{
-    link::log().setListener({});
-    platform::log().setListener({});
-}
-
-void Desk::start() { mcu::McuService::instance()->init(); }
 
 void Desk::play(const Event &input)
 {
@@ -98,6 +115,7 @@ void Desk::play(const Event &input)
             link::drainReaderThread();
         break;
     case Kind::Call:
+        m_listener(event);
         call(event);
         break;
     case Kind::Setting:
@@ -113,22 +131,22 @@ void Desk::play(const Event &input)
     m_clock->settle();
 }
 
-void Desk::call(Event &event)
+void Desk::call(const Event &event)
 {
     const auto &table = operations();
     const auto operation =
-        std::find_if(table.begin(), table.end(),
-                     [&event](const Operation &candidate) { return candidate.name == event.name; });
-    if (!operation->answers)
-        m_listener(event);
-    event.result = operation->call(event.arguments);
-    if (operation->answers)
-        m_listener(event);
+        std::find_if(table.begin(), table.end(), [&event](const Operation &candidate) {
+            return candidate.name == event.name &&
+                   candidate.parameters.size() == event.arguments.size();
+        });
+    const QVariant result = operation->call(event.arguments);
+    if (result.isValid())
+        tell(Kind::Answer, event.name, {result});
 }
 
 void Desk::tell(Kind kind, const QString &name, const QVariantList &arguments)
 {
-    m_listener({m_clock->now(), kind, name, arguments, {}, 0});
+    m_listener({m_clock->now(), kind, name, arguments, 0});
 }
 
 } // namespace mcusim

@@ -39,7 +39,7 @@ public:
     void play(const Event &input);
 
 private:
-    void call(Event &event);
+    void call(const Event &event);
     void tell(Kind kind, const QString &name, const QVariantList &arguments);
 
     substitute::VirtualClock *m_clock;

@@ -5,6 +5,8 @@
 #include <QString>
 #include <QVariantList>
 
+#include <algorithm>
+
 namespace mcusim {
 
 enum class Kind {
@@ -12,6 +14,7 @@ enum class Kind {
     Call,     ///< "call": an application calls, played
     Setting,  ///< "set": the desk sets what the platform answers or does, played
     Signal,   ///< "signal": what applications received
+    Answer,   ///< "answer": what an application's call gave back
     Command,  ///< "command": what the link was told
     Platform, ///< "platform": what another platform class was told
 };
@@ -27,13 +30,21 @@ struct Event {
     Kind kind = Kind::Report;
     QString name; ///< "sysBootStateSgl", "McuService.SetVolume"
     QVariantList arguments;
-    QVariant result; ///< of a call that gives one
-    int line = 0;    ///< in the scenario file; 0 for what came out of the library
+    int line = 0; ///< in the scenario file; 0 for what came out of the library
 
     bool sameAs(const Event &other) const
     {
         return time == other.time && kind == other.kind && name == other.name &&
-               arguments == other.arguments;
+               sameArguments(arguments, other.arguments);
+    }
+
+    /// Types count: a QVariant alone takes 0 and false for equal, which overloads tell apart.
+    static bool sameArguments(const QVariantList &a, const QVariantList &b)
+    {
+        return std::equal(a.begin(), a.end(), b.begin(), b.end(),
+                          [](const QVariant &x, const QVariant &y) {
+                              return x.userType() == y.userType() && x == y;
+                          });
     }
 };
 

@@ -25,6 +25,8 @@ Look look(Kind kind)
         return {"desk setting", "90"};
     case Kind::Signal:
         return {"  app signal", "32"};
+    case Kind::Answer:
+        return {"  answer", "33"};
     case Kind::Command:
         return {"  link command", "35"};
     case Kind::Platform:
@@ -64,8 +66,6 @@ void EventPrinter::print(const Event &event)
         const QString value = shown(event.arguments[i]);
         arguments.append(names[i].isEmpty() ? value : names[i] + '=' + value);
     }
-    if (event.result.isValid())
-        arguments.append(QStringLiteral("= ") + shown(event.result));
     const QStringList fields = recordFields(event);
 
     std::fputs(

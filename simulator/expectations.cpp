@@ -21,11 +21,16 @@ QString text(const Event &event)
 QString hint(const Event &expected, const QList<Event> &outputs)
 {
     for (const Event &output : outputs) {
+        if (output.sameAs(expected))
+            return QStringLiteral("; it came, but not in this place");
+    }
+    for (const Event &output : outputs) {
         if (output.time == expected.time && output.name == expected.name)
             return QStringLiteral("; there came ") + text(output);
     }
     for (const Event &output : outputs) {
-        if (output.name == expected.name && output.arguments == expected.arguments)
+        if (output.name == expected.name &&
+            Event::sameArguments(output.arguments, expected.arguments))
             return QStringLiteral("; it came at %1").arg(double(output.time) / 1000, 0, 'f', 3);
     }
     return {};

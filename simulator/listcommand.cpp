@@ -9,12 +9,12 @@
 
 namespace mcusim {
 
-int listCommand(const QStringList &arguments)
+int listCommand(const QStringList &arguments, substitute::VirtualClock *)
 {
     QCommandLineParser parser;
     parser.setApplicationDescription(
         QStringLiteral("Shows all names that a scenario can use, with their parameters."));
-    parser.addHelpOption();
+    parser.addOption(helpOption());
     parser.addPositionalArgument(QStringLiteral("list"), QString());
     if (!parser.parse(QStringList(QCoreApplication::applicationName()) + arguments))
         return unusable(parser.errorText() + QStringLiteral("; see mcusim list --help"));
@@ -30,9 +30,11 @@ int listCommand(const QStringList &arguments)
     constexpr Section sections[]{
         {Kind::Report, "Link signals, played with \"name\""},
         {Kind::Call, "Operations, played with \"call\""},
+        {Kind::Answer, "What operations give back, expected with \"answer\""},
         {Kind::Setting, "Settings of the desk, played with \"set\""},
         {Kind::Signal, "Application signals, expected with \"signal\""},
         {Kind::Command, "Link commands, expected with \"command\""},
+        {Kind::Platform, "Calls of other platform classes, expected with \"platform\""},
     };
     for (const Section &section : sections) {
         std::printf("%s\n", section.title);
@@ -40,7 +42,7 @@ int listCommand(const QStringList &arguments)
             std::printf("  %s\n", qUtf8Printable(signature.text()));
         std::printf("\n");
     }
-    return Passed;
+    return written(Passed);
 }
 
 } // namespace mcusim

@@ -6,36 +6,54 @@
 #include <QCommandLineParser>
 #include <QCoreApplication>
 
-#include <cstdio>
+namespace {
 
-namespace mcusim {
+using substitute::VirtualClock;
 
-int unusable(const QString &why)
+struct Command {
+    const char *name;
+    const char *summary;
+    int (*run)(const QStringList &arguments, VirtualClock *clock);
+};
+
+constexpr Command commands[]{
+    {"play", "plays a scenario and shows what applications and the link receive",
+     mcusim::playCommand},
+    {"list", "shows all names that a scenario can use, with their parameters", mcusim::listCommand},
+    {"station", "a factory test station: sends packets, runs test sequences",
+     mcusim::stationCommand},
+    {"updates", "shows which update files are found under a folder", mcusim::updatesCommand},
+    {"text", "shows broadcast bytes as text", mcusim::textCommand},
+};
+
+QString description()
 {
-    std::fprintf(stderr, "mcusim: %s\n", qUtf8Printable(why));
-    return Unusable;
+    QString text = QStringLiteral("Drives libmcuservice on a substitute platform.\n\nCommands:\n");
+    for (const Command &command : commands) {
+        text += QStringLiteral("  %1  %2\n")
+                    .arg(QLatin1String(command.name), -8)
+                    .arg(QLatin1String(command.summary));
+    }
+    return text +
+           QStringLiteral(
+               "\nExit status: 0 all well, 1 something failed, 2 wrong usage or unreadable input.\n"
+               "`mcusim COMMAND --help` tells more.");
 }
 
-} // namespace mcusim
+} // namespace
 
 int main(int argc, char **argv)
 {
-    substitute::VirtualClock *clock = substitute::VirtualClock::install();
+    VirtualClock *clock = VirtualClock::install();
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(QStringLiteral("mcusim"));
     QCoreApplication::setApplicationVersion(QStringLiteral(MCUSIM_VERSION));
 
     QCommandLineParser parser;
-    parser.setApplicationDescription(QStringLiteral(
-        "Drives libmcuservice on a substitute platform.\n\n"
-        "Commands:\n"
-        "  play FILE   plays a scenario and shows what applications and the link receive\n"
-        "  list        shows all names that a scenario can use, with their parameters\n\n"
-        "Exit status: 0 all well, 1 the scenario failed, 2 wrong usage or an unreadable file.\n"
-        "`mcusim COMMAND --help` tells more."));
-    parser.addHelpOption();
+    parser.setApplicationDescription(description());
+    parser.addOption(mcusim::helpOption());
     parser.addVersionOption();
-    parser.addPositionalArgument(QStringLiteral("command"), QStringLiteral("play or list"));
+    parser.addPositionalArgument(QStringLiteral("command"), QStringLiteral("what to do"));
     // What follows the command is the command's own.
     parser.setOptionsAfterPositionalArgumentsMode(QCommandLineParser::ParseAsPositionalArguments);
     if (!parser.parse(QCoreApplication::arguments()))
@@ -46,13 +64,12 @@ int main(int argc, char **argv)
         parser.showHelp(mcusim::Passed);
 
     const QStringList arguments = parser.positionalArguments();
-    const QString command = arguments.value(0);
-    if (command == QLatin1String("play"))
-        return mcusim::playCommand(arguments, clock);
-    if (command == QLatin1String("list"))
-        return mcusim::listCommand(arguments);
+    const QString name = arguments.value(0);
+    for (const Command &command : commands) {
+        if (name == QLatin1String(command.name))
+            return command.run(arguments, clock);
+    }
     return mcusim::unusable(
-        command.isEmpty()
-            ? QStringLiteral("expected a command; see mcusim --help")
-            : QStringLiteral("unknown command \"%1\"; see mcusim --help").arg(command));
+        name.isEmpty() ? QStringLiteral("expected a command; see mcusim --help")
+                       : QStringLiteral("unknown command \"%1\"; see mcusim --help").arg(name));
 }

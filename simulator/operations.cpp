@@ -2,113 +2,15 @@
 // stand beside them.
 #include "operations.h"
 
+#include "autotesthandler.h"
+#include "mcumanager.h"
 #include "mcuradiointerface.h"
 #include "mcuservice.h"
-
-#include <array>
-#include <string>
-#include <tuple>
-#include <type_traits>
+#include "operationtable.h"
 
 namespace mcusim {
 
 namespace {
-
-/// How an argument type looks in a scenario.
-template <typename Argument>
-struct Written {
-    using Type = Argument;
-    static Type from(const QVariant &value) { return value.value<Type>(); }
-};
-
-template <>
-struct Written<unsigned char> {
-    using Type = int;
-    static unsigned char from(const QVariant &value)
-    {
-        return static_cast<unsigned char>(value.toInt());
-    }
-};
-
-template <>
-struct Written<std::string> {
-    using Type = QString;
-    static std::string from(const QVariant &value) { return value.toString().toStdString(); }
-};
-
-/// A pointer to five ints, as the audio delays are given.
-template <>
-struct Written<int *> {
-    using Type = QVariantList;
-
-    struct Five {
-        std::array<int, 5> values{};
-        operator int *() { return values.data(); }
-    };
-    static Five from(const QVariant &value)
-    {
-        Five five;
-        const QVariantList list = value.toList();
-        for (int i = 0; i < 5; ++i)
-            five.values[std::size_t(i)] = list.value(i).toInt();
-        return five;
-    }
-};
-
-template <typename Argument>
-using WrittenAs = Written<std::remove_cv_t<std::remove_reference_t<Argument>>>;
-
-template <typename Object, typename Method, typename Result, typename... Arguments,
-          std::size_t... I>
-Operation makeOperation(const char *className, const char *name, Method method,
-                        std::initializer_list<const char *> names, std::index_sequence<I...>)
-{
-    static_assert(sizeof...(Arguments) == sizeof...(I));
-    const auto call = [method](const QVariantList &arguments) {
-        Q_UNUSED(arguments)
-        const auto run = [&] {
-            return (Object::instance()->*method)(WrittenAs<Arguments>::from(arguments[int(I)])...);
-        };
-        if constexpr (std::is_void_v<Result>) {
-            run();
-            return QVariant();
-        } else {
-            return QVariant::fromValue(run());
-        }
-    };
-    QVector<Parameter> parameters{{qMetaTypeId<typename WrittenAs<Arguments>::Type>(),
-                                   QString::fromLatin1(names.begin()[I])}...};
-    return {QStringLiteral("%1.%2").arg(QLatin1String(className), QLatin1String(name)), parameters,
-            !std::is_void_v<Result>, call};
-}
-
-/// Collects the operations of one class.
-template <typename Object>
-class Class {
-public:
-    Class(const char *name, QVector<Operation> &table) : m_name(name), m_table(table) {}
-
-    template <typename Result, typename... Arguments>
-    Class &operator()(const char *name, Result (Object::*method)(Arguments...),
-                      std::initializer_list<const char *> names = {})
-    {
-        m_table.append(makeOperation<Object, decltype(method), Result, Arguments...>(
-            m_name, name, method, names, std::index_sequence_for<Arguments...>()));
-        return *this;
-    }
-
-    template <typename Result>
-    Class &operator()(const char *name, Result (Object::*method)() const)
-    {
-        m_table.append(makeOperation<Object, decltype(method), Result>(m_name, name, method, {},
-                                                                       std::index_sequence<>()));
-        return *this;
-    }
-
-private:
-    const char *m_name;
-    QVector<Operation> &m_table;
-};
 
 void addService(QVector<Operation> &table)
 {
@@ -362,11 +264,142 @@ void addRadio(QVector<Operation> &table)
     add("onSimulateNewsState", &McuRadioInterface::onSimulateNewsState, {"state"});
 }
 
+void addAutoTest(QVector<Operation> &table)
+{
+    using mcu::AutoTestHandler;
+    Class<AutoTestHandler> add("AutoTestHandler", table);
+    using WithItem = void (AutoTestHandler::*)(int, int, const QByteArray &);
+    using WithoutItem = void (AutoTestHandler::*)(int, const QByteArray &);
+    add("start", &AutoTestHandler::start);
+    add("stop", &AutoTestHandler::stop);
+    add("isInAutotestMode", &AutoTestHandler::isInAutotestMode);
+    add("isKeyDetect", &AutoTestHandler::isKeyDetect);
+    add("sendReadInfo", WithItem(&AutoTestHandler::sendReadInfo), {"did", "item", "data"});
+    add("sendReadInfo", WithoutItem(&AutoTestHandler::sendReadInfo), {"did", "data"});
+    add("sendWriteInfo", &AutoTestHandler::sendWriteInfo, {"did", "item", "data"});
+    add("sendFeedbackInfo", &AutoTestHandler::sendFeedbackInfo, {"did", "item", "data"});
+    add("sendBootDoneSuccess", &AutoTestHandler::sendBootDoneSuccess);
+    add("sendBTSearchSuccess", &AutoTestHandler::sendBTSearchSuccess);
+    add("sendBTConnSuccess", &AutoTestHandler::sendBTConnSuccess);
+    add("sendBTDownPhoneBookSuccess", &AutoTestHandler::sendBTDownPhoneBookSuccess);
+    add("sendBTCallSuccess", &AutoTestHandler::sendBTCallSuccess);
+}
+
+void addManager(QVector<Operation> &table)
+{
+    Class<McuManager> add("McuManager", table);
+    add("mcuTestVersion", &McuManager::mcuTestVersion);
+    add("mcuUserVersion", &McuManager::mcuUserVersion);
+    add("cpSerialNumber", &McuManager::cpSerialNumber);
+    add("parkingState", &McuManager::parkingState);
+    add("reverseState", &McuManager::reverseState);
+    add("headlightState", &McuManager::headlightState);
+    add("getAmpStatus", &McuManager::getAmpStatus);
+    add("getSysBootState", &McuManager::getSysBootState);
+    add("autotestStatus", &McuManager::autotestStatus);
+    add("isUsbOverCurrent", &McuManager::isUsbOverCurrent);
+    add("isMcuNeedRenew", &McuManager::isMcuNeedRenew);
+    add("isMcuDateTimeReady", &McuManager::isMcuDateTimeReady);
+    add("isAttOn", &McuManager::isAttOn);
+    add("updateAudioChannel", &McuManager::updateAudioChannel, {"channel"});
+    add("updateAudioStatus", &McuManager::updateAudioStatus, {"status"});
+    add("audioStatus", &McuManager::audioStatus);
+    add("isContainAudioInterrupt", &McuManager::isContainAudioInterrupt);
+    add("checkEventOffRestoreMute", &McuManager::checkEventOffRestoreMute);
+    add("updateCPAAStatus", &McuManager::updateCPAAStatus, {"status"});
+    add("setCpPhone", &McuManager::setCpPhone, {"on"});
+    add("setCPConnected", &McuManager::setCPConnected, {"connected"});
+    add("setVolume", &McuManager::setVolume, {"level"});
+    add("setMute", &McuManager::setMute, {"mute"});
+    add("setAudioMute", static_cast<void (McuManager::*)(bool)>(&McuManager::setAudioMute),
+        {"mute"});
+    add("setAudioMute", static_cast<void (McuManager::*)(int, int)>(&McuManager::setAudioMute),
+        {"mute", "type"});
+    add("setAudioMute2", &McuManager::setAudioMute2, {"mute", "type"});
+    add("duckAudio", &McuManager::duckAudio, {"type", "level"});
+    add("unduckAudio", &McuManager::unduckAudio, {"type"});
+    add("isDucking", &McuManager::isDucking);
+    add("triggerAtt", &McuManager::triggerAtt, {"on"});
+    add("triggerBeep", &McuManager::triggerBeep, {"type"});
+    add("setBalanceFader", &McuManager::setBalanceFader, {"balance", "fader"});
+    add("setSubwooferlevel", &McuManager::setSubwooferlevel, {"level"});
+    add("setSubwooferPhase", &McuManager::setSubwooferPhase, {"phase"});
+    add("setFrCrossover", &McuManager::setFrCrossover, {"type", "value"});
+    add("setAmpDelayState", &McuManager::setAmpDelayState, {"state"});
+    add("setAudioTimerDelay", &McuManager::setAudioTimerDelay, {"type", "delays"});
+    add("updateBtInputLevel", &McuManager::updateBtInputLevel, {"level"});
+    add("requestRadioInitData", &McuManager::requestRadioInitData);
+    add("setRadioRDSonoff", &McuManager::setRadioRDSonoff, {"on"});
+    add("setRadioTAonoff", &McuManager::setRadioTAonoff, {"on"});
+    add("setRadioAFonoff", &McuManager::setRadioAFonoff, {"on"});
+    add("setDabAntPower", &McuManager::setDabAntPower, {"on"});
+    add("requestWheelStudyState", &McuManager::requestWheelStudyState);
+    add("notifyWheelDopStart", &McuManager::notifyWheelDopStart, {"on"});
+    add("notifyWheelReset", &McuManager::notifyWheelReset);
+    add("notifyWheelDopReset", &McuManager::notifyWheelDopReset);
+    add("notifyWheelDopClear", &McuManager::notifyWheelDopClear);
+    add("notifyWheelStudyKey", &McuManager::notifyWheelStudyKey, {"key"});
+    add("notifyWheelStudyMode", &McuManager::notifyWheelStudyMode);
+    add("notifyWheelTestMode", &McuManager::notifyWheelTestMode);
+    add("notifyWheelNormalMode", &McuManager::notifyWheelNormalMode);
+    add("notifyWheelAbandonMode", &McuManager::notifyWheelAbandonMode);
+    add("setDopSwc", &McuManager::setDopSwc, {"key", "action", "value"});
+    add("sendStwCarTypeToMcu", &McuManager::sendStwCarTypeToMcu, {"type"});
+    add("setWatchDogEnable", &McuManager::setWatchDogEnable, {"enable"});
+    add("setUpgradeState", &McuManager::setUpgradeState, {"state"});
+    add("setMonitorState", &McuManager::setMonitorState, {"state"});
+    add("setVcomValue", &McuManager::setVcomValue, {"value"});
+    add("setLoopBack", &McuManager::setLoopBack, {"on"});
+    add("setPowerOffDelay", &McuManager::setPowerOffDelay, {"on"});
+    add("setDestCode", &McuManager::setDestCode, {"dest", "demo"});
+    add("setGpsAntAttach", &McuManager::setGpsAntAttach);
+    add("notifyFactoryReset", &McuManager::notifyFactoryReset);
+    add("requestTaillineState", &McuManager::requestTaillineState);
+    add("requestSetupInitData", &McuManager::requestSetupInitData);
+    add("requestSetupInitData1", &McuManager::requestSetupInitData1);
+    add("requestDtcFlagInfoData", &McuManager::requestDtcFlagInfoData);
+    add("updateArmVersion", &McuManager::updateArmVersion, {"version"});
+    add("updateBtAddress", &McuManager::updateBtAddress, {"address"});
+    add("updateCameraSetup", &McuManager::updateCameraSetup, {"on"});
+    add("updateTouchCoordinate", &McuManager::updateTouchCoordinate, {"state", "x", "y"});
+    add("updateDeviceStatus", &McuManager::updateDeviceStatus, {"type", "status"});
+    add("setNCMTestMode", &McuManager::setNCMTestMode);
+    add("setEnterCameraIntr", &McuManager::setEnterCameraIntr, {"on"});
+    add("updateMediaSourceState", &McuManager::updateMediaSourceState, {"source"});
+    add("updateMediaRadioFreq", &McuManager::updateMediaRadioFreq, {"freq"});
+    add("updateMediaId3", &McuManager::updateMediaId3, {"first", "second", "third"});
+    add("updateBTState", &McuManager::updateBTState, {"connected"});
+    add("updateBtDeveciname", &McuManager::updateBtDeveciname, {"name"});
+    add("updateCallState", &McuManager::updateCallState, {"state"});
+    add("updateCallNumber", &McuManager::updateCallNumber, {"number"});
+    add("updateCallName", &McuManager::updateCallName, {"name"});
+    add("updateCallTime", &McuManager::updateCallTime, {"a", "b", "c"});
+    add("findUpdateFile",
+        static_cast<QString (McuManager::*)(McuManager::UpdateFile)>(&McuManager::findUpdateFile),
+        {"file"});
+    add("findUpdateFile",
+        static_cast<QString (McuManager::*)(McuManager::UpdateFile, QString, bool)>(
+            &McuManager::findUpdateFile),
+        {"file", "mountKey", "enabled"});
+    add("findUpdateFile",
+        static_cast<QString (McuManager::*)(QString, QString)>(&McuManager::findUpdateFile),
+        {"folder", "name"});
+    add("findUpdateFile",
+        static_cast<QString (McuManager::*)(QString, QString, QString, bool)>(
+            &McuManager::findUpdateFile),
+        {"folder", "name", "mountKey", "forceSd"});
+    add("onVolumeChanged", &McuManager::onVolumeChanged, {"muteState", "vol", "type"});
+    add("onCarplayAlertStart", &McuManager::onCarplayAlertStart);
+    add("onCarplayAlertStop", &McuManager::onCarplayAlertStop);
+}
+
 QVector<Operation> makeTable()
 {
     QVector<Operation> table;
     addService(table);
     addRadio(table);
+    addAutoTest(table);
+    addManager(table);
     return table;
 }
 

@@ -12,15 +12,16 @@ namespace mcusim {
 
 /// A parameter or a setting's value: its type as scenarios write it and its name.
 struct Parameter {
-    int type; ///< QMetaType; QVariantList stands for five ints
+    int type; ///< QMetaType; QVariantList stands for a list of ints
     QString name;
+    int length = 0; ///< of a list; 0 for any
 };
 
 /// A public operation of one of the library's objects.
 struct Operation {
     QString name; ///< "McuService.SetVolume"
     QVector<Parameter> parameters;
-    bool answers; ///< gives a result
+    int result; ///< QMetaType of what it gives back; Void for nothing
     std::function<QVariant(const QVariantList &arguments)> call;
 };
 

@@ -71,7 +71,7 @@ int playCommand(const QStringList &arguments, substitute::VirtualClock *clock)
         QStringLiteral("log"), QStringLiteral("Show the library's debug lines on standard error."));
     QCommandLineParser parser;
     parser.setApplicationDescription(QStringLiteral("Plays a scenario."));
-    parser.addHelpOption();
+    parser.addOption(helpOption());
     parser.addOptions({speedOption, fastOption, quietOption, jsonOption, threadOption, logOption});
     parser.addPositionalArgument(QStringLiteral("play"), QString());
     parser.addPositionalArgument(QStringLiteral("FILE"), QStringLiteral("the scenario"));
@@ -111,7 +111,9 @@ int playCommand(const QStringList &arguments, substitute::VirtualClock *clock)
     std::FILE *summary = json ? stderr : stdout;
     const bool colour = isatty(fileno(summary)) && qEnvironmentVariableIsEmpty("NO_COLOR");
     EventPrinter printer(summary, colour, terminalWidth());
-    Progress progress(quiet && !scenario.events.isEmpty() ? scenario.events.last().time : 0);
+    Progress progress((quiet || (json && !isatty(STDOUT_FILENO))) && !scenario.events.isEmpty()
+                          ? scenario.events.last().time
+                          : 0);
 
     if (json)
         std::printf("%s\n", writtenMetadata(scenario.description).constData());
@@ -121,15 +123,16 @@ int playCommand(const QStringList &arguments, substitute::VirtualClock *clock)
                   parser.isSet(threadOption) ? Desk::Link::ReaderThread : Desk::Link::MainThread,
                   [&](const Event &event) {
                       progress.update(event.time);
-                      if (json)
+                      if (json) {
                           std::printf("%s\n", writtenEvent(event).constData());
-                      else if (!quiet)
+                          std::fflush(stdout);
+                      } else if (!quiet)
                           printer.print(event);
                   });
     const Outcome outcome = player.play(scenario, speed);
     const Verdict verdict = judge(scenario, outcome.outputs);
     printer.printSummary(outcome, verdict, double(elapsed.elapsed()) / 1000);
-    return verdict.passed() ? Passed : Failed;
+    return written(verdict.passed() ? Passed : Failed);
 }
 
 } // namespace mcusim

@@ -63,8 +63,9 @@ void Player::keepPace(qint64 moment) const
     if (m_speed <= 0)
         return;
     const double wait = double(moment) / m_speed - double(m_started.elapsed());
+    constexpr double longest = 24 * 3600 * 1000; // beyond it the wait is no longer a number of ms
     if (wait > 0)
-        QThread::msleep(static_cast<unsigned long>(wait));
+        QThread::msleep(static_cast<unsigned long>(std::min(wait, longest)));
 }
 
 void Player::hear(const Event &event)

@@ -19,9 +19,10 @@ struct KindKey {
     Kind kind;
 };
 
-constexpr KindKey kindKeys[]{{"name", Kind::Report},     {"call", Kind::Call},
-                             {"set", Kind::Setting},     {"signal", Kind::Signal},
-                             {"command", Kind::Command}, {"platform", Kind::Platform}};
+constexpr KindKey kindKeys[]{{"name", Kind::Report},      {"call", Kind::Call},
+                             {"set", Kind::Setting},      {"signal", Kind::Signal},
+                             {"answer", Kind::Answer},    {"command", Kind::Command},
+                             {"platform", Kind::Platform}};
 
 // Timestamps are seconds with milliseconds behind the point; a day of them or a date since 1970.
 constexpr double latestTimestamp = 1e10;
@@ -56,7 +57,7 @@ QString readEvent(const QJsonObject &line, Event *event)
     }
     if (!found || !line.value(QLatin1String(found->key)).isString()) {
         return QStringLiteral(
-            R"(expected one of "name", "call", "set", "signal", "command" and "platform" with a text)");
+            R"(expected one of "name", "call", "set", "signal", "answer", "command" and "platform" with a text)");
     }
     for (const QString &key : line.keys()) {
         if (key != QLatin1String("timestamp") && key != QLatin1String("value") &&
@@ -125,6 +126,9 @@ bool readScenario(const QByteArray &text, Scenario *scenario, QString *error)
             return refuse(QStringLiteral("time goes backwards, expected %1 or later")
                               .arg(double(scenario->events.last().time) / 1000, 0, 'f', 3));
         }
+        constexpr qint64 aWeek = qint64(7) * 24 * 3600 * 1000;
+        if (!scenario->events.isEmpty() && event.time - scenario->events.first().time > aWeek)
+            return refuse(QStringLiteral("expected a time within a week of the first event"));
         scenario->events.append(event);
     }
     if (first) {

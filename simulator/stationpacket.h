@@ -1,0 +1,41 @@
+// Factory packets as a test station sees them: by type and name, in words and in bytes. The station
+// has its own idea of the wire format, so that it can find faults in the library's.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace mcusim {
+
+/// Ways to break a packet on purpose.
+enum class Fault { None, Sync, Length, Checksum };
+
+struct StationPacket {
+    quint8 type = 0;
+    quint8 did = 0;
+    QByteArray payload;
+
+    /// As it goes over the wire, whole or broken.
+    QByteArray bytes(Fault fault = Fault::None) const;
+    /// "read SOUND 02".
+    QString text() const;
+
+    bool operator==(const StationPacket &other) const
+    {
+        return type == other.type && did == other.did && payload == other.payload;
+    }
+};
+
+/// Reads "read SOUND 02" or "write 0xF7 01 02 03". False with one line in *error.
+bool readPacket(const QString &text, StationPacket *packet, QString *error);
+
+/// Takes apart what the unit sent. False when it is no packet; *goodChecksum tells of the checksum.
+bool takeApart(const QByteArray &bytes, StationPacket *packet, bool *goodChecksum);
+
+/// Bytes from hexadecimal text, with or without blanks and "0x". False when it is none.
+bool readHex(const QString &text, QByteArray *bytes);
+
+/// All types and DIDs with their names, a line each, for a list.
+QStringList didList();
+
+} // namespace mcusim
