@@ -1,5 +1,9 @@
 // Commands out: what applications tell the MCU. A command is one line that hands its arguments to
 // the link; those with a rule of their own have a body.
+//
+// setMixChannel(), setSleepMode() and setSerialNumer() do not test the link: the amplifier, the
+// sleep and the identity of the unit hang on them, so one that comes too early must not get lost in
+// silence.
 #include "mcuservice.h"
 
 #include "callon.h"
@@ -7,6 +11,8 @@
 
 #include "mcusrv.h"
 #include "tunercontrol.h"
+
+#include <utility>
 
 namespace mcu {
 
@@ -102,7 +108,7 @@ void McuService::updateCPAAStatus(int status) { callOn(m_link, &McuSrv::updateCP
 void McuService::setMixChannel(unsigned char channels, unsigned char on)
 {
     MCU_DEBUG << QStringLiteral("%1").arg(channels, 8, 2, QLatin1Char('0')) << on;
-    m_link->setMixChannel(channels, on);
+    m_link->setMixChannel(channels, on); // untested, see above
 }
 
 void McuService::setAudioMode(int mode) { callOn(m_link, &McuSrv::setAudioMode, mode); }
@@ -141,7 +147,7 @@ void McuService::setSleepAllMute(int on)
 
 void McuService::updateMultiMediaInfo(int type, int len, QByteArray data)
 {
-    callOn(m_link, &McuSrv::updateMultiMediaInfo, type, len, data);
+    callOn(m_link, &McuSrv::updateMultiMediaInfo, type, len, std::move(data));
 }
 
 // Sound shaping
@@ -197,7 +203,7 @@ void McuService::setFrCrossover(int type, int value)
 
 void McuService::setSpeakerLevel(QByteArray levels)
 {
-    callOn(m_link, &McuSrv::setSpeakerLevel, levels);
+    callOn(m_link, &McuSrv::setSpeakerLevel, std::move(levels));
 }
 
 void McuService::setSpeakerPhase(int phase) { callOn(m_link, &McuSrv::set_speaker_phase, phase); }
@@ -298,7 +304,7 @@ void McuService::updateKeyRotary(int value) { callOn(m_link, &McuSrv::updateKeyR
 
 // System and power
 
-void McuService::setSleepMode(int mode) { m_link->setSleepMode(mode); }
+void McuService::setSleepMode(int mode) { m_link->setSleepMode(mode); } // untested, see above
 
 void McuService::setPowerOff(bool on) { callOn(m_link, &McuSrv::setPowerOff, int(on)); }
 
@@ -393,30 +399,33 @@ void McuService::mcuConnClose() { callOn(m_link, &McuSrv::mcuConnClose); }
 
 void McuService::updateAppVersion(QString version)
 {
-    callOn(m_link, &McuSrv::updateAppVersion, version);
+    callOn(m_link, &McuSrv::updateAppVersion, std::move(version));
 }
 
 void McuService::updateBtAddress(QString address)
 {
-    callOn(m_link, &McuSrv::updateBtAddress, address);
+    callOn(m_link, &McuSrv::updateBtAddress, std::move(address));
 }
 
 void McuService::updateSdkVersion(QString version)
 {
-    callOn(m_link, &McuSrv::updateSdkVersion, version);
+    callOn(m_link, &McuSrv::updateSdkVersion, std::move(version));
 }
 
 void McuService::updateSysVersion(QString version)
 {
-    callOn(m_link, &McuSrv::updateSysVersion, version);
+    callOn(m_link, &McuSrv::updateSysVersion, std::move(version));
 }
 
 void McuService::setSocVer(QString version1, QString version2)
 {
-    callOn(m_link, &McuSrv::setSocVer, version1, version2);
+    callOn(m_link, &McuSrv::setSocVer, std::move(version1), std::move(version2));
 }
 
-void McuService::setSerialNumer(const QString &serial) { m_link->setSerialNumer(serial); }
+void McuService::setSerialNumer(const QString &serial)
+{
+    m_link->setSerialNumer(serial); // untested, see above
+}
 
 void McuService::setUpgradeState(int state) { callOn(m_link, &McuSrv::setUpgradeState, state); }
 

@@ -150,7 +150,8 @@ public:
     /// Package last stored; empty before.
     QByteArray autoTestPackage() const;
     /// Stores a new factory-test status and emits autoTestStatusChanged(); an unchanged one does
-    /// nothing.
+    /// nothing. Any status but 0 starts the factory test handler and routes keys to it; 0 stops it
+    /// and takes the facade's keys away again.
     void notifyAutoTestStatus(int status);
     /// Factory-test status last stored; 0, off, before.
     int autoTestStatus() const;
@@ -223,29 +224,38 @@ public:
     /// AC 4, TPMS 8, meter setting 16, vehicle fault 32, vehicle body 64.
     int getCANDataSignal() const;
 
+    // Commands: one-way; what comes of one is reported by a signal. Without a link, before init(),
+    // they do nothing and nothing is kept for later; the exceptions say so. Numbers are codes and
+    // levels of the MCU and are sent as they are.
+
     // Commands: volume and mute
 
-    /// Volume steps and level.
+    /// One step up or down, or a level.
     void volumePlus();
     void volumeMinus();
     void SetVolume(int level);
-    /// Mute through the MCU; the policy of when to mute lives in the manager.
+    /// Mutes, or lifts the mute of, a kind of sound. When to mute is decided by the manager.
     void setMute(bool mute, int type);
     void setAudioMute(int mute, int type, int flag);
     void setAudioMute2(int mute, int type, int flag);
     /// Sends a mute level unless it is the one sent last, by any caller in the process. 255 counts
     /// as sent at the start. Without a link nothing is remembered.
     void setMuteLevel(int level);
+    /// Mute, attenuation and attenuation by 20 dB as the user switches them.
     void uiCmdMute(int on);
     void uiCmdAtt(int on);
     void uiCmdAtt20DB(int on);
+    /// Lowers other sound below a prompt, and brings it back.
     void duckAudio(int type, int level);
     void unduckAudio(int type);
+    /// Level of ducking in reverse gear.
     void reverseDuckVol(int level);
     void setVolChangePreNext(int value);
     void setVolResponse(int value);
+    /// Volume and input gain of one kind of sound.
     void setAudioVolumeValue(int type, int level);
     void setAudioInputGainValue(int type, int gain);
+    /// Volume that rises with speed.
     void speedOfSound(int level);
 
     // Commands: audio routing and status
@@ -254,11 +264,12 @@ public:
     void updateAudioChannel(int channel);
     void updateAudioStatus(int status);
     void updateCPAAStatus(int status);
-    /// Mixer channels, one bit each. Needs a link: the only use is after init().
+    /// Mixer channels, one bit each. Must not be called before init(): the link is not tested.
     void setMixChannel(unsigned char channels, unsigned char on);
     void setAudioMode(int mode);
     /// Delays of a type; reads five ints from the pointer. A null pointer sends nothing.
     void setAudioTimerDelay(int type, int *delays);
+    /// The playing of a sound has ended.
     void set_UICMD_AUDIO_PlayBack_Comleted(int value);
     /// Native music mode; both names send the same command.
     void setNativeMusicMode(int mode);
@@ -271,25 +282,26 @@ public:
 
     // Commands: sound shaping
 
-    /// Equaliser.
+    /// Equaliser: a preset, or the level of one band.
     void setPresetEQType(int type);
     void setCustomEQValue(int band, int level);
     /// Balance and fader around 0; the MCU receives each plus 25.
     void setBalanceFader(int balance, int fader);
+    /// Loudness, by two commands of the MCU.
     void setLoudness(int level);
     void set_UICMD_Loundness(int level);
     void setBassBoost(int level);
-    /// Subwoofer, filters and crossover.
+    /// Subwoofer, high-pass and low-pass filters (corner frequency and slope) and crossover.
     void setSubwooferValue(int level);
     void setSubwooferPhase(int phase);
     void setHPFValue(int position, int freq, int slope);
     void setLPFValue(int freq, int slope);
     void setRearLpf(int freq, int slope);
     void setFrCrossover(int type, int value);
-    /// Speaker levels, one byte a channel.
+    /// Speaker levels, one byte a channel, and phase.
     void setSpeakerLevel(QByteArray levels);
     void setSpeakerPhase(int phase);
-    /// Amplifier.
+    /// The built-in amplifier, and the nine values of the amplifier's status message.
     void setInternalAmp(int on);
     void setAmpStatus(int AMP_Date0, int AMP_Date1, int AMP_Date2, int AMP_Date3, int AMP_Date4,
                       int AMP_Date5, int AMP_Date6, int AMP_Date7, int AMP_Date8);
@@ -297,25 +309,27 @@ public:
     /// type, the MCU receives 0.
     void triggerBeep(int type);
     /// Shortest time between two beeps in milliseconds; values of 0 and less change nothing.
-    /// Without a call every beep is sent.
+    /// Without a call every beep is sent. Needs no link.
     void setBeepInterval(int ms);
     void toggleKeyTone(int on);
 
     // Commands: radio and DAB
 
-    /// RDS functions of the tuner.
+    /// RDS of the tuner, its traffic announcements and its alternative frequencies.
     void setRadioRds(bool on);
     void setRadioTA(bool on);
     void setRadioAF(bool on);
     /// Power of the DAB antenna.
     void setDabAntPower(bool on);
-    /// To the platform's DAB tuner, not the MCU; needs no link.
+    /// A service scan, and tuning to the FM frequency of an index: go to the platform's DAB tuner,
+    /// not the MCU, and need no link.
     void dabRequestScan();
     void dabRequestTuneFreq(int index);
 
     // Commands: steering-wheel keys
 
-    /// Key learning.
+    /// Key learning: its modes, and the key to learn next. wheelStudyState() tells of progress and
+    /// wheelStudyKeys() of the keys learnt.
     void steeringWheelStudy();
     void steeringWheelTest();
     void steeringWheelNormal();
@@ -336,33 +350,43 @@ public:
 
     // Commands: system and power
 
-    /// Needs a link: the only use is after init().
+    /// Must not be called before init(): the link is not tested.
     void setSleepMode(int mode);
+    /// Power: off now, off with a delay, and the power key.
     void setPowerOff(bool on);
     void setPowerOffDelay(int on);
     void uiCmdPower();
+    /// Reset of the unit, and of the radio alone.
     void uiCmdReset();
     void uiCmdRadioReset();
+    /// The source key, and the current mode.
     void uiCmdSource();
     void setCurrentMode(int mode);
     /// Asks the MCU to report something; the codes are the MCU's.
     void requestCommand(int command);
     void factoryReset();
+    /// Whether the MCU restarts a unit that no longer answers.
     void setWatchDogEnable(bool enable);
     void setMonitorState(int state);
     void setLoopBack(bool on);
+    /// Common voltage of the display panel.
     void setVcomValue(int value);
     /// Illumination; the text is UTF-8.
     void set_Illumination(int type, std::string text, int value1, int value2);
-    /// Clock and date.
+    /// Clock format, and the clock itself.
     void setClockTime(bool is24Hour);
     void syncDatetime(int year, int month, int day, int hour, int minute, int second, int flag);
+    /// Destination code and demo mode.
     void setDestCode(int dest, int demo);
+    /// Delay of the rear view, and the camera setting.
     void setRearViewDelay(int delay);
     void updateCamraSetup(int on);
+    /// Values of McuManager's touch state, and the coordinates.
     void updateTouchCoordinate(int state, int x, int y);
+    /// Values of McuManager's device type and device status.
     void updateDeviceStatus(int type, int status);
     void updateBtInputLevel(int level);
+    /// Further commands of the user interface.
     void set_UICMD_Reverse_test(int on);
     void set_UICMD_FastAcc(int on);
     void set_UICMD_Speed(int speed);
@@ -375,11 +399,13 @@ public:
     /// Answers to requestAppVersion() and requestBtAddress().
     void updateAppVersion(QString version);
     void updateBtAddress(QString address);
+    /// Versions of the unit's software, for the MCU to keep.
     void updateSdkVersion(QString version);
     void updateSysVersion(QString version);
     void setSocVer(QString version1, QString version2);
-    /// Needs a link: the only use is after init().
+    /// Must not be called before init(): the link is not tested.
     void setSerialNumer(const QString &serial);
+    /// Update of the MCU's own software: its progress, and the start of it.
     void setUpgradeState(int state);
     void mcuUpdate();
     /// ECU edition query of the link, a code of the MCU; 0 without a link.
