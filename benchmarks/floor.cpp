@@ -1,19 +1,18 @@
-// The floor's two reports; the relay needs no code.
+// The floor's two reports and its text loop; the relay needs no code.
 #include "floor.h"
 
-#include "mcusrv.h"
+#include "radiostringconnver.h"
 
 void Floor::init()
 {
-    const auto *link = mcu::McuSrv::instance();
-    connect(link, SIGNAL(eqTypeChangedSgl(int)), this, SIGNAL(eqTypeChanged(int)));
-    connect(link,
+    connect(m_link, SIGNAL(eqTypeChangedSgl(int)), this, SIGNAL(eqTypeChanged(int)));
+    connect(m_link,
             SIGNAL(reportAcChangedSgl(int, int, int, int, int, int, int, int, int, int, int, int,
                                       int, int, int)),
             this,
             SLOT(onReportAcChanged(int, int, int, int, int, int, int, int, int, int, int, int, int,
                                    int, int)));
-    connect(link,
+    connect(m_link,
             SIGNAL(reportTruckPerformanceParametersChangedSgl(int, int, int, int, int, int, int,
                                                               int, int, int, int, int, int, int)),
             this,
@@ -50,4 +49,17 @@ void Floor::onReportTruckPerformanceParametersChanged(int a, int b, int c, int d
                0, quint16(i), quint8(j),  quint8(k), quint16(l), quint16(m), quint8(n),  0};
     Q_EMIT syncTruckPerformanceParametersInforUpdate(
         QByteArray(reinterpret_cast<const char *>(&m_truck), sizeof m_truck));
+}
+
+QString Floor::convertFromEBU(const char *data, int len)
+{
+    QString text(len, Qt::Uninitialized);
+    auto *out = reinterpret_cast<ushort *>(text.data());
+    int size = 0;
+    for (const char *byte = data; byte != data + len; ++byte) {
+        if (const ushort character = radioStringConnver::table_dab_charset0[quint8(*byte)])
+            out[size++] = character;
+    }
+    text.resize(size);
+    return text;
 }

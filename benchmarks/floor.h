@@ -1,6 +1,9 @@
-// The least that can be done for a report: store the bytes, copy them into one byte array, emit it.
-// Written by hand, with the facade's signal names, to measure the library against.
+// The least that can be done: for a report, store the bytes, copy them into one byte array, emit
+// it; for a command, call the link; for broadcast text, one loop into a text of the right size.
+// Written by hand, with the names of the library, to measure it against.
 #pragma once
+
+#include "mcusrv.h"
 
 #include <QByteArray>
 #include <QObject>
@@ -11,6 +14,16 @@ class Floor : public QObject {
 public:
     /// Connects to the link as the facade does.
     void init();
+
+    void SetVolume(int level) { m_link->SetVolume(level); }
+    void setAudioMute(int mute, int type, int flag) { m_link->setAudioMute(mute, type, flag); }
+    void updateAppVersion(const QString &version) { m_link->updateAppVersion(version); }
+    void set_amb_data(int a, int b, int c, int d, int e, int f, int g, int h, int i, int j, int k,
+                      int l, int m, int n)
+    {
+        m_link->set_amb_data(a, b, c, d, e, f, g, h, i, j, k, l, m, n);
+    }
+    static QString convertFromEBU(const char *data, int len);
 
 Q_SIGNALS:
     void syncACInforUpdate(QByteArray air_infor);
@@ -24,6 +37,7 @@ public Q_SLOTS:
                                                    int h, int i, int j, int k, int l, int m, int n);
 
 private:
+    mcu::McuSrv *m_link = mcu::McuSrv::instance();
     unsigned char m_ac[15] = {};
     struct {
         qint32 a, b;

@@ -1,4 +1,4 @@
-// Measures what a report costs in the library and in the floor, in one run.
+// Measures what a report, a command and a text cost in the library and in the floor, in one run.
 //
 //     mcubench            times, through Google Benchmark; takes its options
 //     mcubench --count    for callgrind: one dump a row, named SERVICE/ROW
@@ -6,8 +6,10 @@
 #include "floor.h"
 
 #include "debug.h"
+#include "linksubstitute.h"
 #include "mcuservice.h"
 #include "mcusrv.h"
+#include "radiostringconnver.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
@@ -26,7 +28,7 @@ using mcu::McuSrv;
 
 namespace {
 
-constexpr int countedReports = 1000;
+constexpr int countedActs = 1000;
 
 /// An application that does nothing with what it receives.
 class Receiver : public QObject {
@@ -54,35 +56,93 @@ public:
         }
     }
 
+    Service &service() { return m_service; }
+
 private:
     Service m_service;
     std::vector<Receiver> m_receivers;
 };
 
-/// One thing to measure.
+/// One thing to measure, as the floor and as the library does it.
 struct Row {
     const char *name;
-    void (*act)();
+    void (*floor)(Floor &);
+    void (*library)(McuService &);
     int receivers;
+
+    void operator()(Floor &service) const { floor(service); }
+    void operator()(McuService &service) const { library(service); }
 };
+
+/// Both are called alike.
+template <typename Act>
+constexpr Row alike(const char *name, Act act, int receivers)
+{
+    return {name, act, act, receivers};
+}
 
 McuSrv *link() { return McuSrv::instance(); }
 
-constexpr Row rows[] = {
-    {"car report",
-     [] { link()->reportAcChangedSgl(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15); }, 1},
-    {"truck report",
-     [] {
-         link()->reportTruckPerformanceParametersChangedSgl(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12,
-                                                            13, 14);
-     },
-     1},
-    {"relay to 0", [] { link()->eqTypeChangedSgl(1); }, 0},
-    {"relay to 1", [] { link()->eqTypeChangedSgl(1); }, 1},
-    {"relay to 4", [] { link()->eqTypeChangedSgl(1); }, 4},
+/// Forgets what the link noted of a command, so that memory is always as before it.
+void forget() { substitute::link::log().clear(); }
+
+const QString version = QStringLiteral("APP 5.3.1");
+const QByteArray broadcast = QByteArray("Radio \x82ire 102,4").repeated(256);
+
+template <int Length>
+constexpr Row text(const char *name)
+{
+    return {name,
+            [](Floor &) {
+                benchmark::DoNotOptimize(Floor::convertFromEBU(broadcast.constData(), Length));
+            },
+            [](McuService &) {
+                benchmark::DoNotOptimize(
+                    radioStringConnver::convertFromEBU(broadcast.constData(), Length));
+            },
+            0};
+}
+
+const Row rows[] = {
+    alike(
+        "car report",
+        [](auto &) {
+            link()->reportAcChangedSgl(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14, 15);
+        },
+        1),
+    alike(
+        "truck report",
+        [](auto &) {
+            link()->reportTruckPerformanceParametersChangedSgl(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11,
+                                                               12, 13, 14);
+        },
+        1),
+    alike(
+        "relay to 0", [](auto &) { link()->eqTypeChangedSgl(1); }, 0),
+    alike(
+        "relay to 1", [](auto &) { link()->eqTypeChangedSgl(1); }, 1),
+    alike(
+        "relay to 4", [](auto &) { link()->eqTypeChangedSgl(1); }, 4),
+    alike(
+        "SetVolume", [](auto &service) { service.SetVolume(5), forget(); }, 0),
+    alike(
+        "setAudioMute", [](auto &service) { service.setAudioMute(1, 2, 3), forget(); }, 0),
+    alike(
+        "updateAppVersion", [](auto &service) { service.updateAppVersion(version), forget(); }, 0),
+    alike(
+        "set_amb_data",
+        [](auto &service) {
+            service.set_amb_data(1, 2, 3, 4, 5, 6, 7, 8, 9, 10, 11, 12, 13, 14), forget();
+        },
+        0),
+    text<8>("text of 8"),
+    text<64>("text of 64"),
+    text<128>("text of 128"),
+    text<4096>("text of 4096"),
 };
 
-constexpr Row silencedLog{"silenced log", [] { MCU_DEBUG << "level" << 5; }, 0};
+constexpr Row silencedLog = alike(
+    "silenced log", [](auto &) { MCU_DEBUG << "level" << 5; }, 0);
 
 /// What is measured, by "SERVICE/ROW": calls the function with the row while its service stands.
 template <typename Measure>
@@ -101,10 +161,10 @@ struct Time {
     void operator()(const std::string &name, const Row &row) const
     {
         benchmark::RegisterBenchmark(name.c_str(), [row](benchmark::State &state) {
-            const Stand<Service> stand(row.receivers);
+            Stand<Service> stand(row.receivers);
             for (auto iteration : state) {
                 benchmark::DoNotOptimize(iteration);
-                row.act();
+                row(stand.service());
             }
         });
     }
@@ -114,10 +174,10 @@ struct Count {
     template <typename Service>
     void operator()(const std::string &name, const Row &row) const
     {
-        const Stand<Service> stand(row.receivers);
-        const auto actOften = [&row] {
-            for (int i = 0; i < countedReports; ++i)
-                row.act();
+        Stand<Service> stand(row.receivers);
+        const auto actOften = [&] {
+            for (int i = 0; i < countedActs; ++i)
+                row(stand.service());
         };
         actOften(); // lookups and first allocations are done
         CALLGRIND_START_INSTRUMENTATION;
