@@ -70,7 +70,7 @@ StationResult Station::run(const StationTest &test)
         const qint64 due = m_clock->nextDue();
         m_clock->advanceTo(due < 0 ? end : std::min(due, end));
     }
-    const StationResult result{faults(test), m_clock->now() - start};
+    StationResult result{faults(test), m_clock->now() - start};
     m_test = nullptr;
     return result;
 }

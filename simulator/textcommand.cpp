@@ -33,9 +33,10 @@ int textCommand(const QStringList &arguments, substitute::VirtualClock *)
     QByteArray bytes;
     if (given == QLatin1String("-")) {
         QFile input;
-        if (!input.open(stdin, QIODevice::ReadOnly))
+        if (input.open(stdin, QIODevice::ReadOnly))
+            bytes = input.readAll();
+        if (input.error() != QFileDevice::NoError)
             return unusable(QStringLiteral("cannot read standard input"));
-        bytes = input.readAll();
     } else if (!readHex(given, &bytes)) {
         return unusable(QStringLiteral("\"%1\": expected bytes in hexadecimal").arg(given));
     }
