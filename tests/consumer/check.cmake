@@ -1,0 +1,77 @@
+# Installs the library into a folder of its own and uses it there as an application would: by the
+# CMake package, by pkg-config, and with nothing to link against but the public classes.
+#
+#     cmake -D BUILD=<build folder> -D WORK=<scratch> -D LIBRARY=<libmcuservice.so.1.0.0>
+#           -D PLATFORM=<folder of the platform libraries> -D COMPILER=<c++> -D FLAGS=<flags>
+#           -P check.cmake
+cmake_minimum_required(VERSION 3.25)
+
+function(run)
+    execute_process(COMMAND ${ARGN} OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY)
+    set(output "${output}" PARENT_SCOPE)
+endfunction()
+
+file(REMOVE_RECURSE ${WORK})
+set(prefix ${WORK}/prefix)
+run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${prefix})
+file(GLOB_RECURSE installed ${prefix}/*/libmcuservice.so.1)
+get_filename_component(libraries "${installed}" DIRECTORY)
+set(ENV{LD_LIBRARY_PATH} ${libraries}:${PLATFORM})
+set(ENV{PKG_CONFIG_PATH} ${libraries}/pkgconfig)
+# The platform libraries come with the head unit, beside the system's own.
+set(platform -Wl,-rpath-link,${PLATFORM})
+
+run(${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR} -B ${WORK}/build -DCMAKE_PREFIX_PATH=${prefix}
+    -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_CXX_FLAGS=${FLAGS}
+    -DCMAKE_EXE_LINKER_FLAGS=${platform})
+run(${CMAKE_COMMAND} --build ${WORK}/build)
+run(${WORK}/build/consumer)
+
+run(pkg-config --modversion mcuservice)
+if(NOT output STREQUAL "1.0.0\n")
+    message(FATAL_ERROR "pkg-config: version ${output}")
+endif()
+run(pkg-config --cflags --libs mcuservice)
+separate_arguments(flags UNIX_COMMAND "${FLAGS} ${output}")
+run(${COMPILER} -std=c++17 -fPIC ${CMAKE_CURRENT_LIST_DIR}/main.cpp ${flags} ${platform}
+    -o ${WORK}/consumer)
+run(${WORK}/consumer)
+
+run(objdump -p ${LIBRARY})
+if(NOT output MATCHES "SONAME +libmcuservice\\.so\\.1\n")
+    message(FATAL_ERROR "wrong soname: ${output}")
+endif()
+
+# What the library exports is the public classes and functions, all of them and nothing else. A
+# sanitizer adds symbols of its own.
+if(FLAGS)
+    return()
+endif()
+set(public "AutoPrint::" "McuManager::" "McuVechicleBridge::" "mcu::AutoTestHandler::"
+    "mcu::McuRadioInterface::" "mcu::McuService::" "mem::SettingsUtil::" "radioStringConnver::"
+    "criticalLine(" "debugLine(" "is_avm_service_release_uart(")
+set(missing ${public})
+run(nm -DC --defined-only ${LIBRARY})
+string(REGEX MATCHALL "[^\n]+" symbols "${output}")
+foreach(symbol IN LISTS symbols)
+    if(symbol MATCHES " [WVu] .*std::")
+        continue() # templates of the standard library, which an unoptimised build does not inline
+    endif()
+    string(REGEX REPLACE "^[0-9a-f]+ . " "" name "${symbol}")
+    string(REGEX REPLACE "^(vtable|typeinfo|typeinfo name) for (.*)" "\\2::" name "${name}")
+    set(scope "")
+    foreach(prefix IN LISTS public)
+        string(FIND "${name}" "${prefix}" at)
+        if(at EQUAL 0)
+            set(scope "${prefix}")
+        endif()
+    endforeach()
+    if(scope)
+        list(REMOVE_ITEM missing "${scope}")
+    else()
+        message(SEND_ERROR "exported and not public: ${symbol}")
+    endif()
+endforeach()
+if(missing)
+    message(SEND_ERROR "not exported: ${missing}")
+endif()

@@ -1,0 +1,51 @@
+// Programs that end in every order of application object and singletons; any output is a failure.
+//
+//     exitcheck gone|first|alive|none
+#include "debug.h"
+#include "linksubstitute.h"
+#include "mcuservice.h"
+
+#include <QCoreApplication>
+
+#include <cstdlib>
+#include <string_view>
+
+namespace {
+
+/// Logs when everything else of the program is gone.
+struct LastWords {
+    ~LastWords()
+    {
+        AutoPrint trace("last words", 1);
+        MCU_DEBUG << "good bye";
+    }
+};
+
+void work(QCoreApplication &application)
+{
+    mcu::McuService::instance()->init();
+    substitute::link::inject("keyEventSgl", {1, 0}, nullptr, substitute::Emitter::ReaderThread);
+    substitute::link::drainReaderThread();
+    application.processEvents();
+}
+
+} // namespace
+
+int main(int argc, char **argv)
+{
+    static const LastWords lastWords;
+    const std::string_view mode = argc > 1 ? argv[1] : "";
+    QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, false);
+
+    if (mode == "none") {
+        mcu::McuService::instance()->onKeyEvent(1, 0);
+        return mcu::McuService::instance()->getDest() == 256 ? 0 : 1;
+    }
+    if (mode == "first")
+        mcu::McuService::instance();
+    QCoreApplication application(argc, argv);
+    work(application);
+    if (mode == "alive")
+        std::exit(0);
+    return 0;
+}

@@ -1,0 +1,167 @@
+// Shared by the test programs: what was emitted and what was logged, as texts that a table can
+// hold.
+#pragma once
+
+#include "signaltap.h"
+#include "substitutelog.h"
+#include "virtualclock.h"
+
+#include <QCoreApplication>
+#include <QLoggingCategory>
+#include <QStringList>
+#include <QTest>
+#include <QVector>
+
+#include <memory>
+#include <vector>
+
+namespace testkit {
+
+/// An argument as a table shows it: 5, true, "text", 0x0aff.
+inline QString show(const QVariant &value)
+{
+    switch (int(value.type())) {
+    case QVariant::String:
+        return '"' + value.toString() + '"';
+    case QVariant::ByteArray:
+        return "0x" + QString::fromLatin1(value.toByteArray().toHex());
+    default:
+        return value.toString();
+    }
+}
+
+/// A call or an emission as a table shows it: keyEvent(5,1).
+inline QString show(const QString &name, const QVariantList &arguments)
+{
+    QStringList texts;
+    for (const QVariant &argument : arguments)
+        texts.append(show(argument));
+    return name + '(' + texts.join(',') + ')';
+}
+
+/// The arguments 1, 2, 3 ... as a method takes them; truth values are 1 and 0 in turn.
+inline QVariantList countedArguments(const QMetaMethod &method)
+{
+    QVariantList arguments;
+    for (int number = 1; number <= method.parameterCount(); ++number) {
+        const int type = method.parameterType(number - 1);
+        arguments.append(type == QMetaType::Bool ? number % 2 : number);
+        arguments.last().convert(type);
+    }
+    return arguments;
+}
+
+/// What objects emit and platform classes are told, in one order, as texts.
+class Trace {
+public:
+    Trace() = default;
+    Trace(const Trace &) = delete;
+    Trace &operator=(const Trace &) = delete;
+    ~Trace()
+    {
+        for (substitute::CallLog *log : m_logs)
+            log->setListener(nullptr);
+    }
+
+    /// Notes all emissions of an object from now on.
+    void listen(const QObject *source, const QString &prefix = QString())
+    {
+        m_taps.push_back(std::make_unique<substitute::SignalTap>(
+            source, [this, prefix](const QMetaMethod &signal, const QVariantList &arguments) {
+                note(prefix + show(signal.name(), arguments));
+            }));
+    }
+    /// Notes all calls that a substitute receives from now on.
+    void listen(substitute::CallLog &log, const QString &prefix = QString())
+    {
+        log.setListener([this, prefix](const substitute::Call &call) {
+            note(prefix + show(call.name, call.arguments));
+        });
+        m_logs.push_back(&log);
+    }
+    void note(const QString &text) { m_texts.append(text); }
+
+    /// What was noted since the last call.
+    QStringList take() { return std::exchange(m_texts, {}); }
+
+private:
+    QStringList m_texts;
+    std::vector<std::unique_ptr<substitute::SignalTap>> m_taps;
+    std::vector<substitute::CallLog *> m_logs;
+};
+
+/// All emissions of one object in order, as texts.
+class Emissions : public Trace {
+public:
+    explicit Emissions(const QObject *source) { listen(source); }
+};
+
+/// A message of the Qt message logger with its context.
+struct LogLine {
+    QtMsgType type;
+    QString text;
+    QString category;
+    QString file;
+    int line;
+    QString function;
+};
+
+/// Switches debug output on and catches what is logged while it lives, instead of printing it.
+class LogCapture {
+public:
+    LogCapture() : m_previous(qInstallMessageHandler(&LogCapture::keep))
+    {
+        lines().clear();
+        QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, true);
+    }
+    ~LogCapture()
+    {
+        QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, false);
+        qInstallMessageHandler(m_previous);
+    }
+    LogCapture(const LogCapture &) = delete;
+    LogCapture &operator=(const LogCapture &) = delete;
+
+    QVector<LogLine> take() { return std::exchange(lines(), {}); }
+    /// The texts behind the "--" of each line since the last call.
+    QStringList takeTexts()
+    {
+        QStringList texts;
+        for (const LogLine &line : take())
+            texts.append(line.text.mid(line.text.indexOf(QLatin1String(" -- ")) + 4));
+        return texts;
+    }
+
+private:
+    static QVector<LogLine> &lines()
+    {
+        static QVector<LogLine> kept;
+        return kept;
+    }
+    static void keep(QtMsgType type, const QMessageLogContext &context, const QString &text)
+    {
+        lines().append(
+            {type, text, context.category, context.file, context.line, context.function});
+    }
+
+    QtMessageHandler m_previous;
+};
+
+/// Runs a test object under a virtual clock. Any Qt warning fails the run, so that a connection
+/// that could not be made cannot be missed; the library's own debug lines stay silent. A test that
+/// needs the clock is made with it.
+template <typename Test>
+int run(int argc, char **argv)
+{
+    substitute::VirtualClock *clock = substitute::VirtualClock::install();
+    QCoreApplication application(argc, argv);
+    qputenv("QT_FATAL_WARNINGS", "1");
+    QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, false);
+    const auto execute = [&](auto &&test) { return QTest::qExec(&test, argc, argv); };
+    if constexpr (std::is_default_constructible_v<Test>)
+        return execute(Test());
+    else
+        return execute(Test(clock));
+}
+
+} // namespace testkit
