@@ -1,0 +1,33 @@
+# Shared by ./run, ./test and .ci/run: installs what a Debian 12 machine lacks and builds a preset.
+# Sourced with the repository as the working directory.
+
+say() { printf '\n== %s\n' "$*"; }
+
+# install PACKAGE... - only what is missing, so a second call costs nothing.
+install() {
+    local missing=() package
+    for package in "$@"; do
+        dpkg-query -W -f '${Status}' "$package" 2>/dev/null | grep -q '^install ok installed$' ||
+            missing+=("$package")
+    done
+    [ ${#missing[@]} -eq 0 ] && return
+    say "Installing ${missing[*]}"
+    apt-get update -q
+    DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends "${missing[@]}"
+}
+
+install_build_tools() { install g++ cmake ninja-build qtbase5-dev pkg-config "$@"; }
+
+# build PRESET [TARGET...] - quiet but for what it compiles; shows everything when it fails.
+build() {
+    local preset=$1 log=build/$1.log target targets=()
+    shift
+    for target in "$@"; do targets+=(--target "$target"); done
+    mkdir -p build
+    say "Building ($preset)"
+    if ! cmake --preset "$preset" >"$log" 2>&1; then
+        cat "$log" >&2
+        return 1
+    fi
+    cmake --build --preset "$preset" "${targets[@]}"
+}
