@@ -3,6 +3,7 @@
 //     mcubench            times, through Google Benchmark; takes its options
 //     mcubench --count    for callgrind: one dump a row, named SERVICE/ROW
 //     mcubench --soak N   sends N mixed reports and prints how the resident memory grew
+#include "counting.h"
 #include "floor.h"
 
 #include "debug.h"
@@ -17,7 +18,6 @@
 
 #include <benchmark/benchmark.h>
 #include <unistd.h>
-#include <valgrind/callgrind.h>
 
 #include <cstdio>
 #include <string>
@@ -141,8 +141,17 @@ const Row rows[] = {
     text<4096>("text of 4096"),
 };
 
-constexpr Row silencedLog = alike(
-    "silenced log", [](auto &) { MCU_DEBUG << "level" << 5; }, 0);
+constexpr Row silencedLogs[]{
+    alike(
+        "silenced log", [](auto &) { MCU_DEBUG << "level" << 5; }, 0),
+    alike(
+        "silenced logs",
+        [](auto &) {
+            MCU_DEBUG << "level" << 5;
+            MCU_DEBUG << "level" << 6;
+        },
+        0),
+};
 
 /// What is measured, by "SERVICE/ROW": calls the function with the row while its service stands.
 template <typename Measure>
@@ -152,8 +161,8 @@ void forEachRow(Measure measure)
         measure.template operator()<Floor>(std::string("floor/") + row.name, row);
         measure.template operator()<McuService>(std::string("library/") + row.name, row);
     }
-    measure.template operator()<McuService>(std::string("library/") + silencedLog.name,
-                                            silencedLog);
+    for (const Row &row : silencedLogs)
+        measure.template operator()<McuService>(std::string("library/") + row.name, row);
 }
 
 struct Time {
@@ -175,16 +184,7 @@ struct Count {
     void operator()(const std::string &name, const Row &row) const
     {
         Stand<Service> stand(row.receivers);
-        const auto actOften = [&] {
-            for (int i = 0; i < countedActs; ++i)
-                row(stand.service());
-        };
-        actOften(); // lookups and first allocations are done
-        CALLGRIND_START_INSTRUMENTATION;
-        CALLGRIND_ZERO_STATS;
-        actOften();
-        CALLGRIND_DUMP_STATS_AT(name.c_str());
-        CALLGRIND_STOP_INSTRUMENTATION;
+        countActs(name, countedActs, [&] { row(stand.service()); });
     }
 };
 
