@@ -241,8 +241,8 @@ public:
     /// Looks on all media with the key in their path; a null key stands for "/sd", an empty one is
     /// in every path. NavigationMarker is not known here. Not enabled: looks for nothing.
     QString findUpdateFile(McuManager::UpdateFile file, QString mountKey, bool enabled);
-    /// The first medium with "/sd" in its path. Folder "ROOT": the entry of exactly that name at
-    /// the top level. Else the file in the medium's folder "update", both in any case; an empty
+    /// The first medium with "/sd" in its path. Folder "ROOT": the entry of exactly that plain name
+    /// at the top level. Else the file in the medium's folder "update", both in any case; an empty
     /// folder takes files at the top level too.
     QString findUpdateFile(QString folder, QString name);
     /// All media with the key in their path, or "/sd" for a null key and when forced. Folder

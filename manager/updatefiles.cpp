@@ -54,11 +54,14 @@ QString pathOf(const QString &name, const QFileInfoList &files)
     return file == files.end() ? QString() : file->absoluteFilePath();
 }
 
-/// Path of the entry of exactly that name at the mount's top level; empty without one.
+/// Path of the entry of exactly that name at the mount's top level; empty without one. What is no
+/// plain name would lead out of the mount or to the mount itself.
 QString topLevelPath(const QFileInfo &mount, const QString &name)
 {
+    const bool isPlain = !name.isEmpty() && !name.contains('/') && name != QLatin1String(".") &&
+                         name != QLatin1String("..");
     const QString path = mount.absoluteFilePath();
-    return QDir(path).exists(name) ? path + '/' + name : QString();
+    return isPlain && QDir(path).exists(name) ? path + '/' + name : QString();
 }
 
 } // namespace

@@ -58,6 +58,7 @@ private Q_SLOTS:
     void finds_data();
     void finds();
     void goesByMountKey();
+    void staysOnTheMount();
     void takesUnreadableFolderAsEmpty();
     void findsAmongAThousand();
     void managerSearchesMedia();
@@ -123,6 +124,15 @@ void tst_UpdateFiles::goesByMountKey()
     QCOMPARE(media.onAll("/update", "a.bin", "/usb"), QString("usb0/update/a.bin"));
     QCOMPARE(media.onAll("/update", "a.bin", "/USB"), QString());
     QCOMPARE(media.onAll("/update", "a.bin", ""), QString("mmc/update/a.bin"));
+}
+
+void tst_UpdateFiles::staysOnTheMount()
+{
+    const Media media("sda1/x sdb1/a.bin");
+    for (const char *name : {"../sdb1/a.bin", "..", ".", "", "/etc/passwd"}) {
+        QCOMPARE(media.onFirst("ROOT", name), QString());
+        QCOMPARE(media.onAll("ROOT", name), QString());
+    }
 }
 
 void tst_UpdateFiles::takesUnreadableFolderAsEmpty()
