@@ -3,6 +3,7 @@
 #
 #     cmake -D BUILD=<build folder> -D WORK=<scratch> -D LIBRARY=<libmcuservice.so.1.0.0>
 #           -D PLATFORM=<folder of the platform libraries> -D COMPILER=<c++> -D FLAGS=<flags>
+#           -D GENERATOR=<generator>
 #           -P check.cmake
 cmake_minimum_required(VERSION 3.25)
 
@@ -21,7 +22,8 @@ set(ENV{PKG_CONFIG_PATH} ${libraries}/pkgconfig)
 # The platform libraries come with the head unit, beside the system's own.
 set(platform -Wl,-rpath-link,${PLATFORM})
 
-run(${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR} -B ${WORK}/build -DCMAKE_PREFIX_PATH=${prefix}
+run(${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR} -B ${WORK}/build -G ${GENERATOR}
+    -DCMAKE_PREFIX_PATH=${prefix}
     -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_CXX_FLAGS=${FLAGS}
     -DCMAKE_EXE_LINKER_FLAGS=${platform})
 run(${CMAKE_COMMAND} --build ${WORK}/build)
