@@ -22,7 +22,7 @@ namespace substitute {
 ///
 /// A timer without interval fires without time moving, but only once at each moment: after one has
 /// fired, such timers wait for the next millisecond. So none can hold the clock.
-class Q_DECL_IMPORT VirtualClock : public QAbstractEventDispatcher {
+class VirtualClock : public QAbstractEventDispatcher {
     Q_OBJECT
 
 public:
