@@ -1,38 +1,104 @@
-// The desk tool: what it refuses to read, how it judges what came back, and how it ends.
-#include "expectations.h"
-#include "linksubstitute.h"
-#include "operations.h"
+// The simulator: what it refuses to read, how it judges what came back, how it plays and how it
+// ends.
+#include "player.h"
 #include "scenario.h"
+#include "stationsequence.h"
+#include "substituteplatform.h"
 
+#include <QDir>
 #include <QFile>
+#include <QJsonDocument>
 #include <QProcess>
 #include <QTemporaryDir>
 #include <QTest>
 
-using mcusim::Event;
-using mcusim::Kind;
-using mcusim::Scenario;
+#if __has_include(<valijson/validator.hpp>)
+#define HAS_VALIJSON
+#include <valijson/adapters/qtjson_adapter.hpp>
+#include <valijson/schema_parser.hpp>
+#include <valijson/validator.hpp>
+#endif
+
+using namespace mcusim;
 
 namespace {
 
-const QByteArray metadata = R"({"metadata":{"version":1,"description":"test"}})"
-                            "\n";
+/// A row "what => outcome" of simulator.txt, and its section.
+struct Row {
+    QString section;
+    QString what;
+    QString outcome;
+};
+
+QByteArray contentOf(const QString &path)
+{
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
+}
+
+QVector<Row> rows(const QString &sections)
+{
+    QVector<Row> found;
+    QString section;
+    for (const QString &line : QString::fromUtf8(contentOf(TABLES)).split('\n')) {
+        if (line.startsWith('['))
+            section = line;
+        else if (line.contains(" =>") && !line.startsWith('#') && section.contains(sections))
+            found.append({section, line.section(" =>", 0, -2), line.section(" =>", -1).trimmed()});
+    }
+    return found;
+}
+
+SubstitutePlatform platform;
+
+const Catalogue &names()
+{
+    static const Catalogue catalogue(platform);
+    return catalogue;
+}
 
 struct Run {
-    int status;
+    int status; ///< -1 when it did not come to an end of its own
     QByteArray output;
     QByteArray errors;
 };
 
-Run run(const QStringList &arguments)
+Run run(const QStringList &arguments, const QByteArray &input = {})
 {
     QProcess process;
-    process.start(QStringLiteral(MCUSIM), arguments);
-    process.waitForFinished();
-    if (process.exitStatus() != QProcess::NormalExit)
-        return {-1, {}, "mcusim crashed"};
-    return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
+    process.setWorkingDirectory(SIMULATOR);
+    process.start(MCUSIM, arguments);
+    process.write(input);
+    process.closeWriteChannel();
+    const bool ended = process.waitForFinished() && process.exitStatus() == QProcess::NormalExit;
+    return {ended ? process.exitCode() : -1, process.readAllStandardOutput(),
+            process.readAllStandardError()};
 }
+
+const QString drive = "scenarios/cold-start-and-drive.jsonl";
+const QString truck = "scenarios/truck-start.jsonl";
+const QByteArray metadata = R"({"metadata":{"version":1,"description":"test"}})"
+                            "\n";
+
+#ifdef HAS_VALIJSON
+/// Whether the schema of a format has all lines.
+bool isInSchema(const QString &format, const QByteArray &lines)
+{
+    using valijson::adapters::QtJsonAdapter;
+    const QByteArray text = contentOf(SIMULATOR "/schemas/" + format + ".json");
+    const QJsonValue json = QJsonDocument::fromJson(text).object();
+    valijson::Schema schema;
+    valijson::SchemaParser().populateSchema(QtJsonAdapter(json), schema);
+    bool isIn = !json.toObject().isEmpty();
+    for (const QByteArray &line : lines.split('\n')) {
+        const QJsonValue value = QJsonDocument::fromJson(line).object();
+        valijson::Validator validator;
+        isIn =
+            isIn && (line.isEmpty() || validator.validate(schema, QtJsonAdapter(value), nullptr));
+    }
+    return isIn;
+}
+#endif
 
 } // namespace
 
@@ -42,184 +108,262 @@ class tst_Simulator : public QObject {
 private:
     QTemporaryDir m_folder;
 
+    QString file(const QByteArray &content)
+    {
+        QFile file(m_folder.filePath("file"));
+        if (file.open(QIODevice::WriteOnly))
+            file.write(content);
+        return file.fileName();
+    }
+
 private Q_SLOTS:
     void readsScenario()
     {
-        Scenario scenario;
-        QString error;
         const QByteArray torn =
             metadata + R"({"timestamp":1760000000.5,"name":"keyEventSgl","value":[7,0]}
 {"timestamp":1760000000.6,"name":"autoTestPkgChanged","value":"0xFF55"}
+
 {"timestamp":1760000000.6,"signal":"McuService.audioVolumeChanged","value":[true,3,0]}
 {"timestamp":1760000000.6,"call":"McuService.setAudioTimerDelay","value":[1,[2,3,4,5,6]]}
 {"timestamp":1760000001)";
-        QVERIFY2(readScenario(torn, &scenario, &error), qPrintable(error));
-        QVERIFY(scenario.warning.contains("line 6"));
-        QCOMPARE(scenario.events.size(), 4);
-        QVERIFY(scenario.events[0].sameAs({0, Kind::Report, "keyEventSgl", {7, 0}, 0}));
-        QVERIFY(scenario.events[1].sameAs(
-            {100, Kind::Report, "autoTestPkgChanged", {QByteArray("\xff\x55")}, 0}));
-        QVERIFY(scenario.events[2].sameAs(
-            {100, Kind::Signal, "McuService.audioVolumeChanged", {true, 3, 0}, 0}));
-        QCOMPARE(scenario.events[3].arguments[1].toList(), (QVariantList{2, 3, 4, 5, 6}));
+        ScenarioFile scenario(names(), file(torn));
+        QByteArray written;
+        while (const std::optional<Event> event = scenario.next())
+            written += writtenEvent(*event) + '\n';
+        QCOMPARE(written.data(), R"({"timestamp":0.000,"name":"keyEventSgl","value":[7,0]}
+{"timestamp":0.100,"name":"autoTestPkgChanged","value":"0xff55"}
+{"timestamp":0.100,"signal":"McuService.audioVolumeChanged","value":[true,3,0]}
+{"timestamp":0.100,"call":"McuService.setAudioTimerDelay","value":[1,[2,3,4,5,6]]}
+)");
+        QVERIFY2(scenario.warning().contains("line 7 is torn"), qPrintable(scenario.warning()));
     }
 
-    void refusesBadScenario_data()
+    void refusesBadInput()
     {
-        QTest::addColumn<QByteArray>("text");
-        const auto row = [](const QByteArray &text, const char *error) {
-            QTest::newRow(error) << text;
-        };
-        const auto line = [&](const char *members, const char *error) {
-            row(metadata + R"({"timestamp":0,)" + members + '}', error);
-        };
-        row("", "line 1: expected {\"metadata\":{");
-        row(R"({"timestamp":0,"name":"shallowSleepSgl"})", "line 1: expected {\"metadata");
-        row(metadata + "{\"timestamp\":\n{}\n", "line 2: expected a JSON object");
-        row(metadata + R"({"timestamp":-1,"name":"shallowSleepSgl"})",
-            "line 2: expected \"timestamp\"");
-        row(metadata + R"({"timestamp":2,"name":"shallowSleepSgl"})"
-                       "\n"
-                       R"({"timestamp":1.999,"name":"shallowSleepSgl"})",
-            "line 3: time goes backwards, expected 2.000");
-        row(metadata + R"({"timestamp":0,"name":"shallowSleepSgl"})"
-                       "\n"
-                       R"({"timestamp":1760000000,"name":"shallowSleepSgl"})",
-            "line 3: expected a time within a week");
-        line(R"("value":3)", "line 2: expected one of \"name\"");
-        line(R"("name":"a","call":"b")", "not both");
-        line(R"("name":"shallowSleepSgl","vlaue":3)", "line 2: unexpected \"vlaue\"");
-        line(R"("name":"shallowSleep")", "line 2: unknown link signal \"shallowSleep\"");
-        line(R"("call":"McuService.nothing")", "unknown operation \"McuService.nothing\"");
-        line(R"("platform":"DateTimeManager.setDate")",
-             "unknown platform call \"DateTimeManager.setDate\"");
-        line(R"("answer":"McuService.volumePlus","value":1)", "unknown answering operation");
-        line(R"("name":"keyEventSgl","value":1)",
-             "keyEventSgl(int key, int state) expects 2 arguments, got 1");
-        line(R"("name":"keyEventSgl","value":[1,"x"])",
-             "keyEventSgl: argument 2 (int state) cannot be \"x\"");
-        line(R"("name":"stwAdcValue","value":1.5)", "cannot be 1.5");
-        line(R"("name":"stwAdcValue","value":2147483648)", "cannot be 2147483648");
-        line(R"("name":"autoTestPkgChanged","value":"0xFG")",
-             "argument 1 (QByteArray pkg) cannot be \"0xFG\"");
-        line(R"("name":"autoTestPkgChanged","value":"0xFFF")", "cannot be \"0xFFF\"");
+        for (const Row &row : rows("refused")) {
+            const bool isScenario = row.section == "[refused scenarios]";
+            QByteArray text = row.what.mid(2).toUtf8();
+            if (text.startsWith('{') && !text.contains("metadata"))
+                text =
+                    "META/" + text.insert(1, isScenario ? "\"timestamp\":0," : "\"test\":\"t\",");
+            text.replace("/", "\n").replace("META", metadata.trimmed());
+            text.replace("FINE", R"({"timestamp":2,"name":"shallowSleepSgl"})")
+                .replace("ESC", "\x1b");
+            text.replace("LONG", QByteArray(1'100'000, 'x')).append('\n');
+            QString told;
+            try {
+                ScenarioFile scenario(names(), isScenario ? file(text) : SIMULATOR "/" + truck);
+                while (scenario.next()) {
+                }
+                SequenceFile sequence(names(), file(text));
+                while (sequence.next()) {
+                }
+            } catch (const Refusal &refusal) {
+                told = refusal.text();
+            }
+            QVERIFY2(told.contains(row.outcome), qPrintable(row.what + "\n" + told));
+            QVERIFY2(told.startsWith(m_folder.path()) && told.size() < 400 && !told.contains('\n'),
+                     qPrintable(told));
+#ifdef HAS_VALIJSON
+            QVERIFY2(isInSchema(isScenario ? "scenario" : "sequence", text) ==
+                         row.what.startsWith('+'),
+                     qPrintable(row.what));
+#endif
+        }
     }
 
-    void refusesBadScenario()
+    void schemasHaveWhatShips()
     {
-        QFETCH(QByteArray, text);
-        Scenario scenario;
-        QString told;
-        QVERIFY(!readScenario(text + '\n', &scenario, &told));
-        QVERIFY2(told.contains(QTest::currentDataTag()), qPrintable(told));
+#ifdef HAS_VALIJSON
+        for (const QString format : {"scenario", "sequence"}) {
+            const QDir folder(SIMULATOR "/" + format + 's');
+            for (const QString &name : folder.entryList(QDir::Files))
+                QVERIFY2(isInSchema(format, contentOf(folder.filePath(name))), qPrintable(name));
+        }
+#else
+        QSKIP("needs valijson");
+#endif
     }
 
     void judgesWhatCameBack()
     {
-        struct Case {
-            bool recording;
-            QList<int> came; // key codes at 0, 100, 200 ms ...
-            bool passes;
-        };
-        const Case cases[]{{false, {1, 2}, true},  {false, {1, 2, 3}, true},  {false, {1}, false},
-                           {false, {1, 3}, false}, {false, {1, 0, 2}, false}, // too late
-                           {true, {1, 2}, true},   {true, {1, 2, 3}, false},  {true, {1}, false}};
-        const auto event = [](int index, int key) {
-            return Event{index * 100, Kind::Signal, "McuService.keyPressed", {key}, index + 2};
-        };
-        for (const Case &c : cases) {
-            Scenario scenario;
-            scenario.recording = c.recording;
-            scenario.events = {event(0, 1), event(1, 2)};
-            QList<Event> outputs;
-            for (int key : c.came)
-                outputs.append(event(outputs.size(), key));
-            QCOMPARE(judge(scenario, outputs).passed(), c.passes);
+        for (const Row &row : rows("judged")) {
+            Judge judge(row.what.startsWith("recording "));
+            int line = 1;
+            for (const QString &word : row.what.split(' ')) {
+                const bool isInput = word[0] == 'i';
+                Event event = names().read(isInput ? Kind::Report : Kind::Signal,
+                                           isInput ? "stwAdcValue" : "McuService.keyPressed",
+                                           word.section(':', 1).toInt());
+                event.time = word.mid(1).section(':', 0, 0).toInt();
+                event.line = word[0] == 'e' ? ++line : 0;
+                if (event.line > 0)
+                    judge.expect(event);
+                else if (isInput || word[0] == 'h')
+                    judge.hear(event);
+            }
+            judge.finish(row.what.endsWith("cut"));
+            QCOMPARE(judge.faults().join('|').replace("McuService.keyPressed", "key"), row.outcome);
+            QCOMPARE(judge.isSurplus(), row.what.endsWith("cut"));
         }
     }
 
-    void tellsOverloadsApart()
+    void showsTwentyFaults()
     {
-        const Event number{0, Kind::Signal, "McuService.audioVolumeChanged", {0, 12, 0}, 2};
-        const Event flag{0, Kind::Signal, "McuService.audioVolumeChanged", {false, 12, 0}, 3};
-        Scenario scenario;
-        scenario.events = {number, flag};
-        QVERIFY(judge(scenario, {number, flag}).passed());
-        const QStringList faults = judge(scenario, {flag, number}).faults;
-        QCOMPARE(faults.size(), 1);
-        QVERIFY2(faults[0].contains("not in this place"), qPrintable(faults[0]));
+        Judge judge(false);
+        Event event = names().read(Kind::Signal, "McuService.keyPressed", 0);
+        for (int key = 1; key <= 100'000; ++key) {
+            event.values[0] = key;
+            judge.expect(event);
+            event.values[0] = -key;
+            judge.hear(event);
+        }
+        judge.finish(false);
+        QCOMPARE(judge.faults().size(), 21);
+        QCOMPARE(judge.faults().last(), QString("and 99980 more"));
     }
 
     void playsRecordingAgain()
     {
-        const QByteArray recorded =
-            run({"play", "--fast", "--json", SCENARIOS "/cold-start-and-drive.jsonl"}).output;
-        const QString path = m_folder.filePath("recording.jsonl");
-        const auto play = [&](const QByteArray &recording, const QStringList &options) {
-            QFile file(path);
-            if (file.open(QIODevice::WriteOnly))
-                file.write(recording);
-            file.close();
-            return run(QStringList{"play", path} + options);
-        };
-        for (const char *option : {"--fast", "--speed=200", "--reader-thread"}) {
-            const Run replayed = play(recorded, {"--json", "--speed=200", option});
-            QVERIFY2(replayed.status == 0, replayed.errors.constData());
-            QCOMPARE(replayed.output, recorded);
+        const QByteArray recorded = run({"play", "--fast", "--json", drive}).output;
+        for (const char *options : {"--fast", "--speed=200", "--fast --reader-thread"}) {
+            const Run again =
+                run(QStringList{"play", "--json", "-"} + QString(options).split(' '), recorded);
+            QVERIFY2(again.status == 0, again.errors.constData());
+            QCOMPARE(again.output, recorded);
         }
         QByteArray changed = recorded;
-        changed.replace("\"McuService.syncSpeedUpdate\",\"value\":41",
-                        "\"McuService.syncSpeedUpdate\",\"value\":42");
-        const Run failed = play(changed, {"--fast", "--quiet"});
+        changed.replace("syncSpeedUpdate\",\"value\":41", "syncSpeedUpdate\",\"value\":42");
+        const Run failed = run({"play", "--fast", "--quiet", "-"}, changed);
         QCOMPARE(failed.status, 1);
-        QVERIFY2(failed.output.contains("recorded McuService.syncSpeedUpdate(42) at 11.900"),
+        QVERIFY2(failed.output.contains("syncSpeedUpdate(42) at 11.900, received McuService.syncS"),
                  failed.output.constData());
-    }
-
-    void endsWithStatus_data()
-    {
-        QTest::addColumn<QStringList>("arguments");
-        QTest::addColumn<int>("status");
-        // The text is on standard output, or for status 2 on standard error.
-        const auto row = [](const QStringList &arguments, int status, const char *text) {
-            QTest::newRow(text) << arguments << status;
-        };
-        row({"--help"}, 0, "Usage:");
-        row({"--version"}, 0, "mcusim 1.0.0");
-        row({"play", "--help"}, 0, "--speed");
-        row({"list"}, 0, "reportTruckVehicleParametersChanged(int Vehicle_EngFuelTemp1, ");
-        row({}, 2, "expected a command");
-        row({"paly"}, 2, "unknown command \"paly\"");
-        row({"play", "--slow", "x"}, 2, "see mcusim play --help");
-        row({"play"}, 2, "expects one file");
-        row({"play", "no-such-file"}, 2, "cannot read no-such-file");
-        row({"play", "/"}, 2, "cannot read /");
-        row({"play", "--speed", "0", "x"}, 2, "--speed expects a number above 0");
-        row({"list", "x"}, 2, "list expects nothing more");
-        row({"text", "0x48 0049A9"}, 0, "HI\xe2\x82\xac\n");
-        row({"text", "4"}, 2, "expected bytes in hexadecimal");
+        for (int size = 1; size < recorded.size() - 1; size += 331) {
+            const Run cut = run({"play", "--fast", "--quiet", "-"}, recorded.left(size));
+            QVERIFY2(cut.status == 0 &&
+                         cut.errors.startsWith("mcusim: warning: standard input: ") &&
+                         cut.errors.count('\n') == 1,
+                     cut.errors.constData());
+        }
     }
 
     void endsWithStatus()
     {
-        QFETCH(QStringList, arguments);
-        QFETCH(int, status);
-        const Run ended = run(arguments);
-        QCOMPARE(ended.status, status);
-        const QByteArray &told = status == 2 ? ended.errors : ended.output;
-        QVERIFY2(told.contains(QTest::currentDataTag()), told.constData());
-        if (status == 2)
-            QCOMPARE(ended.errors.count('\n'), 1);
+        for (const Row &row : rows("run")) {
+            QString arguments = row.what.mid(2);
+            arguments.replace("DRIVE", drive).replace("TRUCK", truck);
+            const Run ended = run(QProcess::splitCommand(arguments));
+            QVERIFY2(ended.status == row.what.left(1).toInt(), qPrintable(row.what));
+            QString told = ended.status == 2 ? ended.errors : ended.output;
+            const bool hasLine = row.outcome.startsWith('/');
+            QVERIFY2((hasLine ? told.replace('\n', '/') : told).contains(row.outcome),
+                     qPrintable(row.what + '\n' + told));
+            QCOMPARE(ended.errors.count('\n'), ended.status == 2 ? 1 : 0);
+        }
     }
 
     void reportsLostOutput()
     {
+        for (const QString &arguments :
+             {QString("list"), "play --fast " + truck, "play --fast --json " + truck,
+              "play --fast " + truck + ' ' + truck, QString("station sequences/every-did.jsonl")}) {
+            QProcess process;
+            process.setWorkingDirectory(SIMULATOR);
+            process.setStandardOutputFile("/dev/full");
+            process.start(MCUSIM, arguments.split(' '));
+            QVERIFY(process.waitForFinished());
+            QCOMPARE(process.exitCode(), 2);
+            QVERIFY(process.readAllStandardError().contains("cannot write standard output"));
+        }
+    }
+
+    void hintsAtTheTestMode()
+    {
+        const QString verdicts = m_folder.filePath("verdicts.xml");
+        const Run ended =
+            run({"station", "--junit", verdicts, "-"},
+                metadata + R"({"test":"\u0001<","send":"read UI","answer":"read UI"})");
+        QCOMPARE(ended.status, 1);
+        QVERIFY2(ended.output.contains("test mode is off: \"status\":1"), ended.output.constData());
+        QVERIFY(contentOf(verdicts).contains("name=\"\\u0001&lt;\""));
+    }
+
+    void searchesUnderAnyPath()
+    {
+        const QString root = m_folder.filePath("sd/update");
+        for (const QString &name :
+             {root + "/usb/other/CUST_PIO.BIN", root + "/sd1/update/st26mcu.bin"}) {
+            QFile file(name);
+            QVERIFY(QDir().mkpath(QFileInfo(name).path()) && file.open(QIODevice::WriteOnly));
+        }
+        const QByteArray found = run({"updates", root}).output;
+        QVERIFY2(found.contains(("first medium  " + root + "/sd1/update/st26mcu.bin").toUtf8()) &&
+                     !found.contains("usb"),
+                 found.constData());
+    }
+
+    void leavesNothingBehind()
+    {
+        const QString folder = m_folder.filePath("tmp");
+        QVERIFY(QDir().mkpath(folder));
         QProcess process;
-        process.setStandardOutputFile("/dev/full");
-        process.start(MCUSIM, {"play", "--fast", "--json", SCENARIOS "/truck-start.jsonl"});
-        process.waitForFinished();
-        QCOMPARE(process.exitCode(), 2);
-        QVERIFY(process.readAllStandardError().contains("cannot write"));
+        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        environment.insert("TMPDIR", folder);
+        process.setProcessEnvironment(environment);
+        process.start(MCUSIM, {"play", "-"});
+        process.write(metadata + R"({"timestamp":0,"call":"AutoTestHandler.start"}
+{"timestamp":0,"name":"autoTestPkgChanged","value":"0xff55052ef701000005"}
+{"timestamp":0,"name":"stwAdcValue","value":7}
+)");
+        while (!process.readLine().contains("stwAdcValue"))
+            QVERIFY(process.canReadLine() || process.waitForReadyRead());
+        process.terminate();
+        QVERIFY(process.waitForFinished());
+        QCOMPARE(process.exitCode(), 130);
+        QVERIFY(process.readAll().endsWith("Interrupted\n"));
+        QCOMPARE(QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());
+    }
+
+    void playsInAnEventLoop()
+    {
+        struct Values : Sink {
+            Player *player = nullptr;
+            QVector<int> heard;
+            void hear(const Event &event) override
+            {
+                if (event.what->name == "stwAdcValue")
+                    heard.append(event.values[0].toInt());
+                if (heard.size() == 2)
+                    player->pause();
+            }
+        } values;
+        RealTime time;
+        Simulation simulation(names(), platform, time);
+        simulation.addSink(&values);
+        simulation.start();
+        int next = 0;
+        Player player(
+            [&next]() {
+                if (next == 5)
+                    throw Refusal("line 7: torn");
+                Event event = names().read(Kind::Report, "stwAdcValue", next);
+                event.time = 10 * next++;
+                return std::optional(event);
+            },
+            simulation, nullptr);
+        values.player = &player;
+        QString stopped;
+        const auto stop = [&stopped](const QString &why) { stopped = why; };
+        player.start(10, stop);
+        QTRY_COMPARE(values.heard, (QVector<int>{0, 1}));
+        QVERIFY(!player.isRunning() && player.step());
+        QVERIFY(player.seek(35));
+        QCOMPARE(values.heard, (QVector<int>{0, 1, 2, 3}));
+        player.start(10, stop);
+        QTRY_COMPARE(stopped, QString("line 7: torn"));
+        QCOMPARE(values.heard.last(), 4);
+        const Event output = names().read(Kind::Command, "SetVolume", 5);
+        QVERIFY(simulation.play(output).contains("cannot be played"));
     }
 };
 

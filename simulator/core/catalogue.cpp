@@ -1,146 +1,26 @@
-// Names and parameters come from the meta-objects and the table of operations; nothing is listed
-// twice but the settings of the desk.
 #include "catalogue.h"
 
 #include "autotesthandler.h"
-#include "desk.h"
-#include "linksubstitute.h"
 #include "mcumanager.h"
 #include "mcuradiointerface.h"
 #include "mcuservice.h"
+#include "mcusrv.h"
 #include "mcuvechiclebridge.h"
 #include "recordcatalog.h"
+#include "refusal.h"
 #include "signaltap.h"
+#include "values.h"
 
 #include <QJsonArray>
-#include <QJsonDocument>
+#include <QRegularExpression>
 
-#include <cmath>
-#include <limits>
+#include <numeric>
 
 namespace mcusim {
 
 namespace {
 
-QString typeName(int type)
-{
-    return type == QMetaType::QVariantList ? QStringLiteral("int[]")
-                                           : QString::fromLatin1(QMetaType::typeName(type));
-}
-
-/// A JSON number as an int, or invalid.
-QVariant asInt(const QJsonValue &value)
-{
-    const double number = value.toDouble(std::nan(""));
-    const bool fits = number >= std::numeric_limits<int>::min() &&
-                      number <= std::numeric_limits<int>::max() && std::trunc(number) == number;
-    return fits ? QVariant(int(number)) : QVariant();
-}
-
-/// "0x0aff" as bytes, or invalid.
-QVariant asBytes(const QJsonValue &value)
-{
-    const QString text = value.toString();
-    if (!text.startsWith(QLatin1String("0x")))
-        return {};
-    const QByteArray digits = text.mid(2).toLatin1();
-    const QByteArray bytes = QByteArray::fromHex(digits);
-    return bytes.toHex() == digits.toLower() ? QVariant(bytes) : QVariant();
-}
-
-/// A list of ints, or invalid.
-QVariant asInts(const QJsonValue &value, int length)
-{
-    QVariantList ints;
-    for (const auto &item : value.toArray())
-        ints.append(asInt(item));
-    const bool fits =
-        value.isArray() && !ints.contains(QVariant()) && (length == 0 || ints.size() == length);
-    return fits ? QVariant(ints) : QVariant();
-}
-
-/// A setting of any type, in the type it is written in.
-QVariant readFreely(const QJsonValue &value)
-{
-    if (value.isDouble())
-        return asInt(value);
-    return value.isBool() || value.isString() ? value.toVariant() : QVariant();
-}
-
-/// The value in the type of a parameter, or invalid.
-QVariant read(const QJsonValue &value, const Parameter &parameter)
-{
-    switch (parameter.type) {
-    case QMetaType::Int:
-        return asInt(value);
-    case QMetaType::Bool:
-        return value.isBool() ? QVariant(value.toBool()) : QVariant();
-    case QMetaType::QString:
-        return value.isString() ? QVariant(value.toString()) : QVariant();
-    case QMetaType::QByteArray:
-        return asBytes(value);
-    case QMetaType::QVariantList:
-        return asInts(value, parameter.length);
-    case QMetaType::QVariant:
-        return readFreely(value);
-    default:
-        return {};
-    }
-}
-
-QString written(const QJsonValue &value)
-{
-    return QString::fromUtf8(
-        QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact).mid(1).chopped(1));
-}
-
-/// Reads the values for one signature, or says why they do not fit.
-QString readFor(const Signature &signature, const QJsonArray &values, QVariantList *arguments)
-{
-    const int expected = signature.parameters.size();
-    if (values.size() != expected) {
-        return QStringLiteral("%1 expects %2 argument%3, got %4")
-            .arg(signature.text())
-            .arg(expected)
-            .arg(QLatin1String(expected == 1 ? "" : "s"))
-            .arg(values.size());
-    }
-    arguments->clear();
-    for (int i = 0; i < expected; ++i) {
-        const Parameter &parameter = signature.parameters[i];
-        arguments->append(read(values[i], parameter));
-        if (!arguments->last().isValid()) {
-            return QStringLiteral("%1: argument %2 (%3%4) cannot be %5")
-                .arg(signature.name)
-                .arg(i + 1)
-                .arg(typeName(parameter.type),
-                     parameter.name.isEmpty() ? QString() : ' ' + parameter.name,
-                     written(values[i]));
-        }
-    }
-    return {};
-}
-
-const char *title(Kind kind)
-{
-    switch (kind) {
-    case Kind::Report:
-        return "link signal";
-    case Kind::Call:
-        return "operation";
-    case Kind::Setting:
-        return "setting";
-    case Kind::Signal:
-        return "application signal";
-    case Kind::Answer:
-        return "answering operation";
-    case Kind::Command:
-        return "link command";
-    case Kind::Platform:
-        break;
-    }
-    return "platform call";
-}
+using substitute::declaredMethods;
 
 template <typename Object>
 ApplicationObject applicationObject(const char *name)
@@ -148,94 +28,77 @@ ApplicationObject applicationObject(const char *name)
     return {name, []() -> QObject * { return Object::instance(); }, &Object::staticMetaObject};
 }
 
-/// What the substitutes of the platform classes write down.
-QVector<Signature> platformCalls()
+Signature signature(Kind kind, const QMetaMethod &method, const QString &prefix = {})
 {
-    constexpr int Int = QMetaType::Int;
-    constexpr int Bool = QMetaType::Bool;
-    constexpr int Text = QMetaType::QString;
-    constexpr int Any = QMetaType::QVariant;
-    return {
-        {"AudioService.Att20DB", {{Bool, "on"}}},
-        {"AudioService.setMainAudioMute", {{Bool, "on"}}},
-        {"DateTimeManager.setDateTime",
-         {{Int, "year"},
-          {Int, "month"},
-          {Int, "day"},
-          {Int, "hour"},
-          {Int, "minute"},
-          {Int, "second"},
-          {Bool, "flag"}}},
-        {"EventHandler.onEvent", {{Int, "event"}}},
-        {"TunerControl.HDR_DabRequestScan", {}},
-        {"TunerControl.HDR_DabTunerFM", {{Int, "index"}}},
-        {"SettingsUtil.SubwooferOnOff", {{Int, "value"}}},
-        {"SettingsUtil.CrossoverType", {{Int, "value"}}},
-        {"SettingsUtil.HpfLpfOnOff", {{Int, "type"}, {Int, "value"}}},
-        {"SettingsUtil.DemoOnOff", {{Bool, "value"}}},
-        {"SettingsExe.setOtherPathValue",
-         {{Text, "key"}, {Text, "file"}, {Any, "value"}, {Any, "value2"}, {Bool, "flag"}}},
-    };
+    Signature signature{kind, prefix + QString::fromLatin1(method.name()), {}, {}, {}, {}, method};
+    const QList<QByteArray> names = method.parameterNames();
+    for (int i = 0; i < method.parameterCount(); ++i) {
+        const int type = method.parameterType(i) == QMetaType::UChar ? int(QMetaType::Int)
+                                                                     : method.parameterType(i);
+        signature.parameters.append({type, QString::fromLatin1(names[i])});
+    }
+    return signature;
 }
 
-QVector<Signature> makeCatalogue(Kind kind)
+/// Reads the values for one signature, or says why they do not fit.
+QString readFor(const Signature &signature, const QJsonArray &values, QVariantList *arguments)
 {
-    QVector<Signature> signatures;
-    switch (kind) {
-    case Kind::Report:
-        for (const QMetaMethod &method : substitute::link::signalMethods())
-            signatures.append(signature(method));
-        break;
-    case Kind::Command:
-        signatures.append({QStringLiteral("init"), {}});
-        for (const QMetaMethod &method : substitute::link::commandMethods())
-            signatures.append(signature(method));
-        break;
-    case Kind::Signal:
-        for (const ApplicationObject &object : applicationObjects()) {
-            for (const QMetaMethod &method : substitute::declaredSignals(*object.metaObject))
-                signatures.append(signature(method, QString::fromLatin1(object.name) + '.'));
-        }
-        break;
-    case Kind::Call:
-        for (const Operation &operation : operations())
-            signatures.append({operation.name, operation.parameters});
-        break;
-    case Kind::Answer:
-        for (const Operation &operation : operations()) {
-            if (operation.result != QMetaType::Void)
-                signatures.append({operation.name, {{operation.result, QString()}}});
-        }
-        break;
-    case Kind::Setting:
-        for (const Setting &setting : settings())
-            signatures.append({setting.name, setting.parameters});
-        break;
-    case Kind::Platform:
-        signatures = platformCalls();
-        break;
+    const int expected = signature.parameters.size();
+    if (values.size() != expected) {
+        return signature.text() + " expects " + QString::number(expected) +
+               (expected == 1 ? " argument" : " arguments") + ", got " +
+               QString::number(values.size());
     }
-    return signatures;
+    arguments->clear();
+    for (int i = 0; i < expected; ++i) {
+        arguments->append(fitted(values[i], signature.parameters[i]));
+        if (!arguments->last().isValid()) {
+            return signature.name + ": argument " + QString::number(i + 1) + " (" +
+                   described(signature.parameters[i]) + ") cannot be " + excerpt(values[i]);
+        }
+    }
+    return {};
 }
 
-QVector<Signature> named(Kind kind, const QString &name)
+/// How many letters have to be changed, added or left out to make one text the other.
+int distance(const QString &a, const QString &b)
 {
-    QVector<Signature> found;
-    for (const Signature &signature : catalogue(kind)) {
-        if (signature.name == name)
-            found.append(signature);
+    std::vector<int> row(std::size_t(b.size()) + 1);
+    std::iota(row.begin(), row.end(), 0);
+    for (int i = 0; i < a.size(); ++i) {
+        int diagonal = std::exchange(row[0], i + 1);
+        for (std::size_t j = 0; j < std::size_t(b.size()); ++j) {
+            const int change = diagonal + (a[i] == b[int(j)] ? 0 : 1);
+            diagonal = row[j + 1];
+            row[j + 1] = std::min({change, diagonal + 1, row[j] + 1});
+        }
     }
-    return found;
+    return row.back();
 }
 
 } // namespace
+
+bool Event::isInput() const { return info(what->kind).isInput; }
+
+QString Event::text() const
+{
+    QStringList texts;
+    for (const QVariant &value : values)
+        texts.append(shown(value));
+    return what->name + '(' + texts.join(QStringLiteral(", ")) + ')';
+}
 
 QString Signature::text() const
 {
     QStringList texts;
     for (const Parameter &parameter : parameters)
-        texts.append((typeName(parameter.type) + ' ' + parameter.name).trimmed());
+        texts.append(described(parameter));
     return name + '(' + texts.join(QStringLiteral(", ")) + ')';
+}
+
+bool Signature::takes(const QVariantList &values) const
+{
+    return std::equal(values.begin(), values.end(), parameters.begin(), parameters.end(), fits);
 }
 
 const QVector<ApplicationObject> &applicationObjects()
@@ -250,104 +113,174 @@ const QVector<ApplicationObject> &applicationObjects()
     return objects;
 }
 
-Signature signature(const QMetaMethod &method, const QString &prefix)
+Catalogue::Catalogue(Platform &platform)
 {
-    Signature signature{prefix + QString::fromLatin1(method.name()), {}};
-    const QList<QByteArray> names = method.parameterNames();
-    for (int i = 0; i < method.parameterCount(); ++i) {
-        const int type = method.parameterType(i) == QMetaType::UChar ? int(QMetaType::Int)
-                                                                     : method.parameterType(i);
-        signature.parameters.append({type, QString::fromLatin1(names[i])});
+    for (const QMetaMethod &method :
+         declaredMethods(mcu::McuSrv::staticMetaObject, QMetaMethod::Signal)) {
+        add(signature(Kind::Report, method));
+        m_all.back().play = [&platform, method](const QVariantList &values) {
+            platform.report(method, values);
+            return QVariant();
+        };
     }
-    return signature;
+    addOperations();
+    for (const Platform::Entry &setting : platform.settings()) {
+        const auto play = [set = setting.set](const QVariantList &values) {
+            set(values);
+            return QVariant();
+        };
+        add({Kind::Setting, setting.name, setting.parameters, play, {}, {}, {}});
+    }
+    addApplicationSignals();
+    add({Kind::Command, QStringLiteral("init"), {}, {}, {}, {}, {}});
+    for (const QMetaMethod &method :
+         declaredMethods(mcu::McuSrv::staticMetaObject, QMetaMethod::Slot))
+        add(signature(Kind::Command, method));
+    for (const Platform::Entry &call : platform.calls())
+        add({Kind::Platform, call.name, call.parameters, {}, {}, {}, {}});
 }
 
-QVector<Signature> catalogue(Kind kind)
+void Catalogue::add(Signature signature)
 {
-    static QHash<int, QVector<Signature>> made;
-    const auto known = made.constFind(int(kind));
-    return known != made.constEnd() ? *known : *made.insert(int(kind), makeCatalogue(kind));
+    m_all.push_back(std::move(signature));
+    const Signature &added = m_all.back();
+    m_byName[int(added.kind)][added.name].append(&added);
 }
 
-bool readArguments(Kind kind, const QString &name, const QJsonValue &value, QVariantList *arguments,
-                   QString *error)
+void Catalogue::addOperations()
 {
-    const QVector<Signature> candidates = named(kind, name);
-    if (candidates.isEmpty()) {
-        *error = QStringLiteral("unknown %1 \"%2\"; `mcusim list` shows them all")
-                     .arg(QLatin1String(title(kind)), name);
-        return false;
+    for (const Operation &operation : operations()) {
+        const Signature *answer = nullptr;
+        if (operation.result != QMetaType::Void) {
+            const Parameter result{operation.result, QString()};
+            for (const Signature *known : find(Kind::Answer, operation.name))
+                answer = known->parameters.first().type == result.type ? known : answer;
+            if (!answer) {
+                add({Kind::Answer, operation.name, {result}, {}, {}, {}, {}});
+                answer = &m_all.back();
+            }
+        }
+        const auto play = [&operation](const QVariantList &values) {
+            return operation.call(nullptr, values);
+        };
+        add({Kind::Call, operation.name, operation.parameters, play, answer, {}, {}});
     }
-    for (const Signature &candidate : candidates) {
+}
+
+void Catalogue::addApplicationSignals()
+{
+    for (const ApplicationObject &object : applicationObjects()) {
+        const QString prefix = QString::fromLatin1(object.name) + '.';
+        for (const QMetaMethod &method : declaredMethods(*object.metaObject, QMetaMethod::Signal)) {
+            add(signature(Kind::Signal, method, prefix));
+            if (object.metaObject == &mcu::McuService::staticMetaObject)
+                m_all.back().record = mcu::describeRecord(method.name().constData());
+        }
+    }
+}
+
+QVector<const Signature *> Catalogue::find(Kind kind, const QString &name) const
+{
+    return m_byName[int(kind)].value(name);
+}
+
+const Signature *Catalogue::find(Kind kind, const QString &name, const QVariantList &values) const
+{
+    for (const Signature *signature : find(kind, name)) {
+        if (signature->takes(values))
+            return signature;
+    }
+    return nullptr;
+}
+
+QVector<const Signature *> Catalogue::like(const QString &glob) const
+{
+    const QRegularExpression pattern(QRegularExpression::wildcardToRegularExpression(glob),
+                                     QRegularExpression::CaseInsensitiveOption);
+    QVector<const Signature *> found;
+    for (const Signature &signature : m_all) {
+        const QStringList names{signature.name, signature.shortName(), signature.className(),
+                                QString::fromLatin1(info(signature.kind).key)};
+        if (names.indexOf(pattern) >= 0)
+            found.append(&signature);
+    }
+    if (found.isEmpty())
+        throw Refusal("no name, class or kind is like " + excerpt(glob) + suggestion(glob));
+    return found;
+}
+
+Event Catalogue::read(Kind kind, const QString &name, const QJsonValue &value) const
+{
+    Event event;
+    QString error = QLatin1String("unknown ") + info(kind).title + ' ' + excerpt(name);
+    const QVector<const Signature *> candidates = find(kind, name);
+    if (candidates.isEmpty())
+        throw Refusal(error + suggestion(name, kind));
+    for (const Signature *candidate : candidates) {
         // An only argument that is an array itself stands alone, too.
-        const bool alone = candidate.parameters.size() == 1 &&
-                           (candidate.parameters[0].type == QMetaType::QVariantList
+        const bool alone = candidate->parameters.size() == 1 &&
+                           (candidate->parameters[0].type == QMetaType::QVariantList
                                 ? !value.toArray().at(0).isArray()
                                 : !value.isArray());
         const QJsonArray values = value.isUndefined()         ? QJsonArray()
                                   : alone || !value.isArray() ? QJsonArray{value}
                                                               : value.toArray();
-        *error = readFor(candidate, values, arguments);
-        if (error->isEmpty())
-            return true;
+        error = readFor(*candidate, values, &event.values);
+        if (error.isEmpty()) {
+            event.what = candidate;
+            return event;
+        }
     }
-    return false;
+    throw Refusal(error);
 }
 
-QStringList argumentNames(const Event &event)
+QString Catalogue::suggestion(const QString &text, std::optional<Kind> kind) const
 {
-    for (const Signature &signature : named(event.kind, event.name)) {
-        if (signature.parameters.size() != event.arguments.size())
-            continue;
-        QStringList names;
-        for (const Parameter &parameter : signature.parameters)
-            names.append(parameter.name);
-        return names;
+    struct Like {
+        int distance;
+        const Signature *signature;
+    };
+    const QString wanted = text.left(100).toLower();
+    const QString wantedShort = wanted.section('.', -1);
+    const int limit = std::max(1, wantedShort.size() / 3);
+    std::vector<Like> likes;
+    for (const Signature &signature : m_all) {
+        const QString name = signature.name.toLower();
+        const QString shortName = signature.shortName().toLower();
+        int away = std::min(distance(wanted, name), distance(wantedShort, shortName));
+        if (wantedShort.size() > 3 && shortName.startsWith(wantedShort))
+            away = std::min(away, 1);
+        // A slip in the name is likelier than one in the kind.
+        if (away <= limit)
+            likes.push_back({away + (signature.kind == kind ? 0 : 2), &signature});
     }
-    QStringList unnamed;
-    for (int i = 0; i < event.arguments.size(); ++i)
-        unnamed.append(QString());
-    return unnamed;
+    std::stable_sort(likes.begin(), likes.end(),
+                     [](const Like &a, const Like &b) { return a.distance < b.distance; });
+    QStringList names;
+    for (const Like &like : likes) {
+        QString name = '"' + like.signature->name + '"';
+        if (like.signature->kind != kind)
+            name += QLatin1String(" with \"") + info(like.signature->kind).key + '"';
+        if (names.size() < 3 && !names.contains(name))
+            names.append(name);
+    }
+    return names.isEmpty() ? QStringLiteral("; `mcusim list` shows them all")
+                           : "; did you mean " + names.join(QStringLiteral(" or ")) + '?';
 }
 
-QStringList recordFields(const Event &event)
+QVector<Field> fields(const Event &event)
 {
-    const QLatin1String prefix("McuService.");
-    if (event.kind != Kind::Signal || !event.name.startsWith(prefix))
-        return {};
-    const auto *record = mcu::describeRecord(qUtf8Printable(event.name.mid(prefix.size())));
-    if (!record)
-        return {};
-    QStringList fields;
-    for (const auto &field : mcu::fieldValues(*record, event.arguments.first().toByteArray()))
-        fields.append(QStringLiteral("%1=%2").arg(QLatin1String(field.name)).arg(field.value));
-    return fields;
-}
-
-QJsonValue writtenArguments(const QVariantList &arguments)
-{
-    QJsonArray values;
-    for (const QVariant &argument : arguments) {
-        if (argument.userType() == QMetaType::QByteArray)
-            values.append("0x" + QString::fromLatin1(argument.toByteArray().toHex()));
-        else
-            values.append(QJsonValue::fromVariant(argument));
+    QVector<Field> found;
+    if (event.what->record) {
+        for (const auto &field :
+             mcu::fieldValues(*event.what->record, event.values.first().toByteArray()))
+            found.append({QString::fromLatin1(field.name), QString::number(field.value)});
     }
-    return values.size() == 1 && !values[0].isArray() ? values[0] : QJsonValue(values);
-}
-
-QString shown(const QVariant &value)
-{
-    switch (value.userType()) {
-    case QMetaType::QString:
-        return written(value.toString());
-    case QMetaType::QByteArray:
-        return QStringLiteral("0x") + QString::fromLatin1(value.toByteArray().toHex());
-    case QMetaType::QVariantList:
-        return written(QJsonValue::fromVariant(value));
-    default:
-        return value.toString();
-    }
+    if (!found.isEmpty())
+        return found;
+    for (int i = 0; i < event.values.size(); ++i)
+        found.append({event.what->parameters[i].name, shown(event.values[i])});
+    return found;
 }
 
 } // namespace mcusim

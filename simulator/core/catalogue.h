@@ -1,23 +1,41 @@
 // Everything that a scenario can name, with its parameters: link signals and commands, application
-// signals, operations and settings. Knows how their values are written.
+// signals, operations, settings and platform calls. Names come from the meta-objects and the table
+// of operations; nothing is listed twice.
 #pragma once
 
 #include "event.h"
-#include "operations.h"
+#include "platform.h"
 
+#include <QHash>
 #include <QJsonValue>
-#include <QMetaMethod>
-#include <QObject>
+
+#include <deque>
+#include <optional>
+
+namespace mcu {
+struct RecordDescription;
+}
 
 namespace mcusim {
 
-/// Something with a name and parameters.
+/// Something with a name and parameters; overloads are several.
 struct Signature {
-    QString name;
+    Kind kind = Kind::Report;
+    QString name; ///< "keyEventSgl", "McuService.SetVolume"
     QVector<Parameter> parameters;
+    /// Does it, and returns what an operation returns; null for what only comes out.
+    std::function<QVariant(const QVariantList &values)> play;
+    const Signature *answer = nullptr;              ///< of an operation that returns something
+    const mcu::RecordDescription *record = nullptr; ///< of a signal that carries one
+    QMetaMethod method;                             ///< of a link or application signal
 
     /// "SetVolume(int level)".
     QString text() const;
+    /// "SetVolume" of "McuService.SetVolume", and "McuService".
+    QString shortName() const { return name.section('.', -1); }
+    QString className() const { return name.section('.', -2, -2); }
+    /// Whether values have the number and types of the parameters.
+    bool takes(const QVariantList &values) const;
 };
 
 /// The objects that applications connect to: "McuService" and so on.
@@ -28,26 +46,48 @@ struct ApplicationObject {
 };
 const QVector<ApplicationObject> &applicationObjects();
 
-/// All names of a kind in the order of the interface; overloads one after another.
-QVector<Signature> catalogue(Kind kind);
+class Catalogue {
+public:
+    /// Makes no object of the library and calls nothing.
+    explicit Catalogue(Platform &platform);
+    Catalogue(const Catalogue &) = delete;
+    Catalogue &operator=(const Catalogue &) = delete;
 
-Signature signature(const QMetaMethod &method, const QString &prefix = {});
+    /// All in the order of the interface, kind after kind; overloads one after another.
+    const std::deque<Signature> &all() const { return m_all; }
+    /// Those of a name; none when it is unknown.
+    QVector<const Signature *> find(Kind kind, const QString &name) const;
+    /// The one that takes these values, or null.
+    const Signature *find(Kind kind, const QString &name, const QVariantList &values) const;
 
-/// Reads the "value" of a line for the named thing: several arguments are an array, one may stand
-/// alone, none is no value. False with one line in *error that says what is expected.
-bool readArguments(Kind kind, const QString &name, const QJsonValue &value, QVariantList *arguments,
-                   QString *error);
+    /// Those whose name, class or kind (the key of a scenario line) is like a glob. Throws a
+    /// Refusal when there is none.
+    QVector<const Signature *> like(const QString &glob) const;
 
-/// The names of an event's arguments, empty where a parameter has none.
-QStringList argumentNames(const Event &event);
+    /// The event that the "value" of a line makes of a name: several arguments are an array, one
+    /// may stand alone, none is no value. Throws a Refusal.
+    Event read(Kind kind, const QString &name, const QJsonValue &value) const;
 
-/// The fields of a vehicle record, "KeyState=1", when the event is a signal that carries one.
-QStringList recordFields(const Event &event);
+    /// "; did you mean ..." with what is like a text, in any kind and class; of like ones those of
+    /// the kind first.
+    QString suggestion(const QString &text, std::optional<Kind> kind = {}) const;
 
-/// The other way round: arguments as a "value" is written. Bytes are "0x" text.
-QJsonValue writtenArguments(const QVariantList &arguments);
+private:
+    void add(Signature signature);
+    void addLink(Platform &platform);
+    void addOperations();
+    void addApplicationSignals();
 
-/// One argument as a person reads it.
-QString shown(const QVariant &value);
+    std::deque<Signature> m_all; // never moved: events point to them
+    QHash<QString, QVector<const Signature *>> m_byName[std::size(kinds)];
+};
+
+/// The names of an event's fields with their values: those of its parameters, or those of the
+/// vehicle record that it carries. A name may be empty.
+struct Field {
+    QString name;
+    QString value;
+};
+QVector<Field> fields(const Event &event);
 
 } // namespace mcusim

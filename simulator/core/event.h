@@ -1,51 +1,67 @@
-// One line of a scenario and of what is shown: something that happened at a moment, with its
-// values.
+// The one currency of the tools: something that happened at a moment, with its values.
 #pragma once
 
-#include <QString>
 #include <QVariantList>
 
 #include <algorithm>
 
 namespace mcusim {
 
-enum class Kind {
-    Report,   ///< "name": the link reports, played
-    Call,     ///< "call": an application calls, played
-    Setting,  ///< "set": the desk sets what the platform answers or does, played
-    Signal,   ///< "signal": what applications received
-    Answer,   ///< "answer": what an application's call gave back
-    Command,  ///< "command": what the link was told
-    Platform, ///< "platform": what another platform class was told
+struct Signature;
+
+enum class Kind { Report, Call, Setting, Signal, Answer, Command, Platform };
+
+/// All that depends on the kind of an event alone.
+struct KindInfo {
+    const char *key;     ///< in a line of a scenario
+    const char *mark;    ///< at the head of an aligned line
+    const char *colour;  ///< of the mark and the name on a terminal
+    bool isInput;        ///< played into the library, as against coming out of it
+    const char *title;   ///< in messages
+    const char *heading; ///< of the list of its names
 };
 
-/// Played into the library, as against coming out of it.
-constexpr bool isInput(Kind kind)
-{
-    return kind == Kind::Report || kind == Kind::Call || kind == Kind::Setting;
-}
+inline constexpr KindInfo kinds[]{
+    {"name", "link", "36", true, "link signal", "Link signals, played with \"name\""},
+    {"call", "call", "33", true, "operation", "Operations, played with \"call\""},
+    {"set", "set", "90", true, "setting", "Settings of the platform, played with \"set\""},
+    {"signal", "  app", "32", false, "application signal",
+     "Application signals, expected with \"signal\""},
+    {"answer", "  ret", "33", false, "answering operation",
+     "What operations return, expected with \"answer\""},
+    {"command", "  cmd", "35", false, "link command", "Link commands, expected with \"command\""},
+    {"platform", "  plt", "34", false, "platform call",
+     "Calls of other platform classes, expected with \"platform\""},
+};
+
+constexpr const KindInfo &info(Kind kind) { return kinds[int(kind)]; }
 
 struct Event {
-    qint64 time = 0; ///< virtual milliseconds since the start
-    Kind kind = Kind::Report;
-    QString name; ///< "sysBootStateSgl", "McuService.SetVolume"
-    QVariantList arguments;
-    int line = 0; ///< in the scenario file; 0 for what came out of the library
+    qint64 time = 0;                 ///< milliseconds since the start
+    const Signature *what = nullptr; ///< its kind, name and parameters, in the catalogue
+    QVariantList values;             ///< in the types of the parameters
+    int line = 0;                    ///< in the file it was read from; 0 for what happens in a run
 
+    bool isInput() const;
+    /// "keyEventSgl(163, 0)".
+    QString text() const;
+    /// The same with the same values, whenever. Types count: a QVariant alone takes 0 and false for
+    /// equal, where a parameter may be either.
     bool sameAs(const Event &other) const
     {
-        return time == other.time && kind == other.kind && name == other.name &&
-               sameArguments(arguments, other.arguments);
-    }
-
-    /// Types count: a QVariant alone takes 0 and false for equal, which overloads tell apart.
-    static bool sameArguments(const QVariantList &a, const QVariantList &b)
-    {
-        return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                          [](const QVariant &x, const QVariant &y) {
-                              return x.userType() == y.userType() && x == y;
+        return what == other.what &&
+               std::equal(values.begin(), values.end(), other.values.begin(), other.values.end(),
+                          [](const QVariant &a, const QVariant &b) {
+                              return a.userType() == b.userType() && a == b;
                           });
     }
+};
+
+/// Hears of every event of a simulation, played or come out, in order.
+class Sink {
+public:
+    virtual ~Sink() = default;
+    virtual void hear(const Event &event) = 0;
 };
 
 } // namespace mcusim

@@ -1,78 +1,86 @@
-// Waiting is counted from the start, so that a slow moment does not shift all that follows.
 #include "player.h"
 
-#include <QThread>
+#include "refusal.h"
 
-#include <algorithm>
+#include <cmath>
+#include <limits>
 
 namespace mcusim {
 
-namespace {
-
-/// How long the library's timers go on after the last input.
-constexpr qint64 afterLastInput = 1000;
-
-} // namespace
-
-Player::Player(substitute::VirtualClock *clock, Desk::Link link, Listener listener)
-    : m_clock(clock), m_listener(std::move(listener)),
-      m_desk(clock, link, [this](const Event &event) { hear(event); })
+Player::Player(Source source, Simulation &simulation, Judge *judge)
+    : m_source(std::move(source)), m_simulation(simulation), m_judge(judge)
 {
 }
 
-Outcome Player::play(const Scenario &scenario, double speed)
+const Event *Player::next()
+{
+    if (!m_next && !m_isAtEnd) {
+        m_next = m_source();
+        m_isAtEnd = !m_next;
+    }
+    return m_next ? &*m_next : nullptr;
+}
+
+bool Player::step()
+{
+    if (!next() || !m_simulation.clock().advanceTo(m_next->time))
+        return false;
+    const Event event = *m_next;
+    m_next.reset();
+    m_position = event.time;
+    if (event.isInput()) {
+        m_lastInput = event.time;
+        const QString why = m_simulation.play(event);
+        if (!why.isEmpty())
+            throw Refusal(why);
+    } else if (m_judge) {
+        m_judge->expect(event);
+    }
+    return true;
+}
+
+bool Player::seek(qint64 moment)
+{
+    while (next() && m_next->time < moment) {
+        if (!step())
+            return false;
+    }
+    return true;
+}
+
+void Player::start(double speed, Stopped stopped)
 {
     m_speed = speed;
-    m_started.start();
-    m_desk.start();
+    m_from = m_position;
+    m_stopped = std::move(stopped);
+    m_since.start();
+    m_timer.start(0, Qt::PreciseTimer, this);
+}
 
-    qint64 last = 0;
-    for (const Event &input : scenario.inputs()) {
-        runUntil(input.time);
-        const int before = m_outcome.outputs.size();
-        m_desk.play(input);
-        if (input.kind == Kind::Report) {
-            ++m_outcome.reports;
-            if (m_outcome.outputs.size() == before)
-                ++m_outcome.unanswered[input.name];
-        } else if (input.kind == Kind::Call) {
-            ++m_outcome.calls;
+void Player::timerEvent(QTimerEvent *)
+{
+    QString why;
+    try {
+        while (isRunning() && next() && untilDue(*m_next) <= 0)
+            step();
+        if (isRunning() && m_next) {
+            constexpr double longest = std::numeric_limits<int>::max();
+            m_timer.start(int(std::min(std::ceil(untilDue(*m_next)), longest)), Qt::PreciseTimer,
+                          this);
         }
-        last = input.time;
+    } catch (const Refusal &refusal) {
+        why = refusal.text();
     }
-    last += afterLastInput;
-    if (!scenario.events.isEmpty())
-        last = std::max(last, scenario.events.last().time);
-    runUntil(last);
-    m_outcome.duration = m_clock->now();
-    return m_outcome;
-}
-
-void Player::runUntil(qint64 moment)
-{
-    for (qint64 due = m_clock->nextDue(); due >= 0 && due < moment; due = m_clock->nextDue()) {
-        keepPace(due);
-        m_clock->advanceTo(due);
+    if (isRunning() && (!m_next || !why.isEmpty())) {
+        pause();
+        m_stopped(why);
     }
-    keepPace(moment);
-    m_clock->advanceTo(moment);
 }
 
-void Player::keepPace(qint64 moment) const
+/// Milliseconds of real time.
+double Player::untilDue(const Event &event) const
 {
-    if (m_speed <= 0)
-        return;
-    const double wait = double(moment) / m_speed - double(m_started.elapsed());
-    constexpr double longest = 24 * 3600 * 1000; // beyond it the wait is no longer a number of ms
-    if (wait > 0)
-        QThread::msleep(static_cast<unsigned long>(std::min(wait, longest)));
-}
-
-void Player::hear(const Event &event)
-{
-    if (!isInput(event.kind))
-        m_outcome.outputs.append(event);
-    m_listener(event);
+    return double(event.time - m_from) / m_speed - double(m_since.nsecsElapsed()) / 1e6;
 }
 
 } // namespace mcusim

@@ -1,46 +1,63 @@
-// Plays a scenario through the library on virtual time.
+// Feeds a scenario into a simulation at the moments that it says.
 #pragma once
 
-#include "desk.h"
-#include "scenario.h"
+#include "judge.h"
+#include "simulation.h"
 
-#include <QElapsedTimer>
-#include <QMap>
+#include <QBasicTimer>
+#include <QObject>
 
 namespace mcusim {
 
-/// What came of a play.
-struct Outcome {
-    QList<Event> outputs;
-    int reports = 0;
-    int calls = 0;
-    /// Reports after which nothing at all left the library at once, by name.
-    QMap<QString, int> unanswered;
-    qint64 duration = 0; ///< virtual milliseconds
-};
-
-class Player {
+/// Two ways to play: run() moves a virtual clock and returns when all is played; start() returns at
+/// once and plays from the event loop of a live program.
+class Player : public QObject {
 public:
-    using Listener = std::function<void(const Event &event)>;
+    /// The next line, or nothing at the end.
+    using Source = std::function<std::optional<Event>()>;
+    /// Told when a start() has come to its end, with the reason if a line cannot be read.
+    using Stopped = std::function<void(const QString &why)>;
 
-    /// Told of every event, played or come out, in order.
-    Player(substitute::VirtualClock *clock, Desk::Link link, Listener listener);
+    /// Without a judge what the scenario expects is not compared.
+    Player(Source source, Simulation &simulation, Judge *judge);
 
-    /// Plays at a multiple of the speed of life; 0 does not wait at all. The moments of all events,
-    /// the library's timers included, are the same at any speed.
-    Outcome play(const Scenario &scenario, double speed);
+    /// Moves to the next line and plays it. False at the end, and when the clock was stopped.
+    bool step();
+    /// Plays all lines before a moment, and for run() those at the moment, too. False when the
+    /// clock was stopped.
+    bool seek(qint64 moment);
+    bool run(qint64 until) { return seek(until + 1); }
+
+    /// Goes on from here at a multiple of real time.
+    void start(double speed, Stopped stopped);
+    void pause() { m_timer.stop(); }
+    bool isRunning() const { return m_timer.isActive(); }
+
+    /// The line that comes next, or null.
+    const Event *next();
+    /// The moments of the last line and of the last one that was played in.
+    qint64 position() const { return m_position; }
+    qint64 lastInput() const { return m_lastInput; }
+
+protected:
+    void timerEvent(QTimerEvent *event) override;
 
 private:
-    void runUntil(qint64 moment);
-    void keepPace(qint64 moment) const;
-    void hear(const Event &event);
+    double untilDue(const Event &event) const;
 
-    substitute::VirtualClock *m_clock;
-    Listener m_listener;
-    Outcome m_outcome;
+    Source m_source;
+    Simulation &m_simulation;
+    Judge *m_judge;
+    std::optional<Event> m_next;
+    bool m_isAtEnd = false;
+    qint64 m_position = 0;
+    qint64 m_lastInput = 0;
+
+    QBasicTimer m_timer;
     double m_speed = 0;
-    QElapsedTimer m_started;
-    Desk m_desk;
+    qint64 m_from = 0;     ///< the position at start()
+    QElapsedTimer m_since; ///< start()
+    Stopped m_stopped;
 };
 
 } // namespace mcusim

@@ -1,174 +1,213 @@
 // Reading refuses a file at its first fault; names and values are checked against the interface.
 #include "scenario.h"
 
-#include "catalogue.h"
+#include "values.h"
 
-#include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
-
-#include <algorithm>
 #include <cmath>
 
 namespace mcusim {
 
 namespace {
 
-struct KindKey {
-    const char *key;
-    Kind kind;
-};
-
-constexpr KindKey kindKeys[]{{"name", Kind::Report},      {"call", Kind::Call},
-                             {"set", Kind::Setting},      {"signal", Kind::Signal},
-                             {"answer", Kind::Answer},    {"command", Kind::Command},
-                             {"platform", Kind::Platform}};
-
-// Timestamps are seconds with milliseconds behind the point; a day of them or a date since 1970.
-constexpr double latestTimestamp = 1e10;
-
-QString readMetadata(const QJsonObject &line, Scenario *scenario)
+QString kindKeys()
 {
-    const QJsonObject metadata = line.value(QLatin1String("metadata")).toObject();
-    if (metadata.value(QLatin1String("version")).toInt() != 1)
-        return QStringLiteral(R"(expected {"metadata":{"version":1,...}} first)");
-    scenario->description = metadata.value(QLatin1String("description")).toString();
-    scenario->recording = metadata.value(QLatin1String("recording")).toBool();
-    return {};
+    QStringList keys;
+    for (const KindInfo &kind : kinds)
+        keys.append('"' + QString::fromLatin1(kind.key) + '"');
+    const QString last = keys.takeLast();
+    return keys.join(QStringLiteral(", ")) + " and " + last;
 }
 
-QString readEvent(const QJsonObject &line, Event *event)
-{
-    const QJsonValue timestamp = line.value(QLatin1String("timestamp"));
-    const double seconds = timestamp.toDouble(-1);
-    if (!timestamp.isDouble() || !(seconds >= 0) || seconds > latestTimestamp)
-        return QStringLiteral("expected \"timestamp\" in seconds from 0");
-    event->time = std::llround(seconds * 1000);
+constexpr qint64 aDay = 24 * 3600 * 1000;
 
-    const KindKey *found = nullptr;
-    for (const KindKey &candidate : kindKeys) {
-        if (!line.contains(QLatin1String(candidate.key)))
-            continue;
-        if (found) {
-            return QStringLiteral("expected one of \"%1\" and \"%2\", not both")
-                .arg(QLatin1String(found->key), QLatin1String(candidate.key));
-        }
-        found = &candidate;
-    }
-    if (!found || !line.value(QLatin1String(found->key)).isString()) {
-        return QStringLiteral(
-            R"(expected one of "name", "call", "set", "signal", "answer", "command" and "platform" with a text)");
-    }
-    for (const QString &key : line.keys()) {
-        if (key != QLatin1String("timestamp") && key != QLatin1String("value") &&
-            key != QLatin1String(found->key))
-            return QStringLiteral("unexpected \"%1\"").arg(key);
-    }
-    event->kind = found->kind;
-    event->name = line.value(QLatin1String(found->key)).toString();
-    QString error;
-    readArguments(event->kind, event->name, line.value(QLatin1String("value")), &event->arguments,
-                  &error);
-    return error;
-}
-
-QList<Event> filtered(const QList<Event> &events, bool inputs)
+qint64 readTimestamp(const QJsonObject &line)
 {
-    QList<Event> found;
-    std::copy_if(events.begin(), events.end(), std::back_inserter(found),
-                 [inputs](const Event &event) { return isInput(event.kind) == inputs; });
-    return found;
+    // A date since 1970 is far below it, in milliseconds far above.
+    constexpr double latest = 1e10;
+    const double timestamp = line.value(QLatin1String("timestamp")).toDouble(-1);
+    if (timestamp > latest)
+        refuseValue(line, "timestamp", "seconds, not milliseconds");
+    if (!(timestamp >= 0))
+        refuseValue(line, "timestamp", "seconds from 0");
+    return std::llround(timestamp * 1000);
 }
 
 } // namespace
 
-QList<Event> Scenario::inputs() const { return filtered(events, true); }
-
-QList<Event> Scenario::expectations() const { return filtered(events, false); }
-
-bool readScenario(const QByteArray &text, Scenario *scenario, QString *error)
+Event readEvent(const Catalogue &names, const QJsonObject &line)
 {
-    QList<QByteArray> lines = text.split('\n');
-    const bool torn = !lines.last().isEmpty(); // unless it is whole all the same
-    if (!torn)
-        lines.removeLast();
-
-    bool first = true;
-    for (int i = 0; i < lines.size(); ++i) {
-        if (lines[i].trimmed().isEmpty())
-            continue;
-        const auto refuse = [&](const QString &why) {
-            *error = QStringLiteral("line %1: %2").arg(i + 1).arg(why);
-            return false;
-        };
-        QJsonParseError parsed{};
-        const QJsonDocument document = QJsonDocument::fromJson(lines[i], &parsed);
-        if (!document.isObject()) {
-            if (torn && i == lines.size() - 1 && !first) {
-                scenario->warning = QStringLiteral("line %1 is torn and left out").arg(i + 1);
-                break;
-            }
-            return refuse(QStringLiteral("expected a JSON object (%1)").arg(parsed.errorString()));
-        }
-        if (first) {
-            const QString fault = readMetadata(document.object(), scenario);
-            if (!fault.isEmpty())
-                return refuse(fault);
-            first = false;
+    const KindInfo *found = nullptr;
+    for (auto member = line.begin(); member != line.end(); ++member) {
+        const QString key = member.key();
+        const auto *kind = std::find_if(std::begin(kinds), std::end(kinds), [&key](const auto &k) {
+            return key == QLatin1String(k.key);
+        });
+        if (kind == std::end(kinds)) {
+            if (key != QLatin1String("timestamp") && key != QLatin1String("value"))
+                throw Refusal("unexpected " + excerpt(key) +
+                              R"(; expected "timestamp", "value" and one of )" + kindKeys());
             continue;
         }
-        Event event;
-        event.line = i + 1;
-        const QString fault = readEvent(document.object(), &event);
-        if (!fault.isEmpty())
-            return refuse(fault);
-        if (!scenario->events.isEmpty() && event.time < scenario->events.last().time) {
-            return refuse(QStringLiteral("time goes backwards, expected %1 or later")
-                              .arg(double(scenario->events.last().time) / 1000, 0, 'f', 3));
-        }
-        constexpr qint64 aWeek = qint64(7) * 24 * 3600 * 1000;
-        if (!scenario->events.isEmpty() && event.time - scenario->events.first().time > aWeek)
-            return refuse(QStringLiteral("expected a time within a week of the first event"));
-        scenario->events.append(event);
+        if (found)
+            throw Refusal(QStringLiteral("expected one of \"") + found->key + "\" and \"" +
+                          kind->key + "\", not both");
+        found = kind;
     }
-    if (first) {
-        *error = QStringLiteral(R"(line 1: expected {"metadata":{"version":1,...}})");
-        return false;
-    }
+    if (!found)
+        throw Refusal("expected one of " + kindKeys());
+    if (!line.value(QLatin1String(found->key)).isString())
+        refuseValue(line, found->key, "a name");
+    Event event = names.read(Kind(found - kinds), line.value(QLatin1String(found->key)).toString(),
+                             line.value(QLatin1String("value")));
+    event.time = readTimestamp(line);
+    return event;
+}
 
-    // Timestamps since 1970 count from the first event.
-    constexpr qint64 aDay = 86'400'000;
-    if (!scenario->events.isEmpty() && scenario->events.first().time > aDay) {
-        const qint64 start = scenario->events.first().time;
-        for (Event &event : scenario->events)
-            event.time -= start;
+std::optional<Event> ScenarioReader::read(const QByteArray &line)
+{
+    if (line.trimmed().isEmpty())
+        return {};
+    const QJsonObject object = readObject(line);
+    if (!m_hasMetadata) {
+        const QJsonObject metadata =
+            readMetadata(object, {QStringLiteral("description"), QStringLiteral("recording"),
+                                  QStringLiteral("end")});
+        m_metadata = {readText(metadata, "description"), readFlag(metadata, "recording"),
+                      readFlag(metadata, "end")};
+        m_hasMetadata = true;
+        return {};
     }
-    return true;
+    if (m_ended)
+        throw Refusal(QStringLiteral("expected nothing after the end mark"));
+    if (object.contains(QLatin1String("end"))) {
+        allowKeys(object, {QStringLiteral("timestamp"), QStringLiteral("end")});
+        m_ended = readFlag(object, "end");
+        if (!m_ended)
+            refuseValue(object, "end", "true");
+        m_time = counted(readTimestamp(object));
+        return {};
+    }
+    Event event = readEvent(*m_names, object);
+    m_time = event.time = counted(event.time);
+    ++m_events;
+    return event;
+}
+
+/// The time of a line counted from the start: as it stands there, or from the first event where it
+/// counts from 1970.
+qint64 ScenarioReader::counted(qint64 timestamp)
+{
+    if (m_events == 0) {
+        m_origin = timestamp > aDay ? timestamp : 0;
+        m_first = m_time = timestamp - m_origin;
+    }
+    const qint64 time = timestamp - m_origin;
+    if (time < m_time)
+        throw Refusal("time goes backwards, expected " + seconds(m_time + m_origin) +
+                      " or later, got " + seconds(timestamp));
+    if (time - m_first > 7 * aDay)
+        throw Refusal("expected a time within a week of the first event, got " +
+                      seconds(timestamp));
+    return time;
+}
+
+ScenarioFile::ScenarioFile(const Catalogue &names, const QString &path, LineFile::GoOn goOn)
+    : m_names(names), m_file(path, std::move(goOn)), m_reader(names)
+{
+    readMetadata();
+}
+
+void ScenarioFile::rewind()
+{
+    m_file.rewind();
+    m_reader = ScenarioReader(m_names);
+    readMetadata();
+}
+
+void ScenarioFile::readMetadata()
+{
+    QByteArray line;
+    while (!m_reader.hasMetadata() && m_tornLine == 0 && m_file.next(&line))
+        read(line);
+}
+
+std::optional<Event> ScenarioFile::next()
+{
+    QByteArray line;
+    std::optional<Event> event;
+    while (!event && m_tornLine == 0 && m_file.next(&line))
+        event = read(line);
+    if (!event && !m_file.wasInterrupted())
+        checkEnd();
+    return event;
+}
+
+std::optional<Event> ScenarioFile::read(const QByteArray &line)
+{
+    const QByteArray opening = R"({"metadata":)";
+    if (m_file.isTail() && isTorn(line) &&
+        (m_reader.hasMetadata() || opening.startsWith(line.left(opening.size())))) {
+        m_tornLine = m_file.number();
+        return {};
+    }
+    try {
+        std::optional<Event> event = m_reader.read(line);
+        if (event)
+            event->line = m_file.number();
+        return event;
+    } catch (const Refusal &refusal) {
+        throw m_file.located(refusal);
+    }
+}
+
+void ScenarioFile::checkEnd() const
+{
+    if (!m_reader.hasMetadata() && m_tornLine == 0)
+        throw Refusal(m_file.name() + ": line 1: " + expectedMetadata());
+    if (m_reader.events() == 0 && m_reader.hasMetadata() && !m_reader.metadata().recording)
+        throw Refusal(m_file.name() + ": expected at least one event");
+}
+
+bool ScenarioFile::isCut() const
+{
+    return m_tornLine > 0 || (m_reader.metadata().marksEnd && !m_reader.hasEnded());
+}
+
+QString ScenarioFile::warning() const
+{
+    QString text = m_file.name() + ": ";
+    if (m_tornLine > 0)
+        text += "line " + QString::number(m_tornLine) + " is torn and left out";
+    else
+        text += "the end is missing";
+    if (m_reader.metadata().recording)
+        text += QLatin1String("; what is there of the recording is compared");
+    return text;
+}
+
+QByteArray writtenMetadata(const Metadata &metadata)
+{
+    // Put together by hand for the order of the keys, which JSON objects do not keep.
+    QByteArray line = R"({"metadata":{"version":1,)";
+    if (metadata.recording)
+        line += R"("recording":true,)";
+    if (metadata.marksEnd)
+        line += R"("end":true,)";
+    return line + R"("description":)" + writtenValue({metadata.description}) + "}}";
 }
 
 QByteArray writtenEvent(const Event &event)
 {
-    const auto key =
-        std::find_if(std::begin(kindKeys), std::end(kindKeys),
-                     [&event](const KindKey &candidate) { return candidate.kind == event.kind; });
-    // Put together by hand for the order of the keys, which JSON objects do not keep.
-    const auto json = [](const QJsonValue &value) {
-        return QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact).mid(1).chopped(1);
-    };
-    QByteArray line = R"({"timestamp":)" + QByteArray::number(double(event.time) / 1000, 'f', 3) +
-                      ",\"" + key->key + "\":" + json(event.name);
-    if (!event.arguments.isEmpty())
-        line += ",\"value\":" + json(writtenArguments(event.arguments));
+    QByteArray line = R"({"timestamp":)" + seconds(event.time).toLatin1() + ",\"" +
+                      info(event.what->kind).key + "\":\"" + event.what->name.toLatin1() + '"';
+    if (!event.values.isEmpty())
+        line += ",\"value\":" + writtenValue(event.values);
     return line + '}';
 }
 
-QByteArray writtenMetadata(const QString &description)
+QByteArray writtenEnd(qint64 time)
 {
-    const QJsonObject metadata{{QStringLiteral("version"), 1},
-                               {QStringLiteral("description"), description},
-                               {QStringLiteral("recording"), true}};
-    return QJsonDocument(QJsonObject{{QStringLiteral("metadata"), metadata}})
-        .toJson(QJsonDocument::Compact);
+    return R"({"timestamp":)" + seconds(time).toLatin1() + R"(,"end":true})";
 }
 
 } // namespace mcusim

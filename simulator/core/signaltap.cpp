@@ -26,11 +26,11 @@ int SignalTap::qt_metacall(QMetaObject::Call call, int id, void **arguments)
     return -1;
 }
 
-QList<QMetaMethod> declaredSignals(const QMetaObject &metaObject)
+QList<QMetaMethod> declaredMethods(const QMetaObject &metaObject, QMetaMethod::MethodType type)
 {
     QList<QMetaMethod> methods;
     for (int i = metaObject.methodOffset(); i < metaObject.methodCount(); ++i) {
-        if (metaObject.method(i).methodType() == QMetaMethod::Signal)
+        if (metaObject.method(i).methodType() == type)
             methods.append(metaObject.method(i));
     }
     return methods;

@@ -25,7 +25,11 @@ private:
     Listener m_listener;
 };
 
-/// The signals that a class declares itself, in declaration order.
-QList<QMetaMethod> declaredSignals(const QMetaObject &metaObject);
+/// The methods of a type that a class declares itself, in declaration order.
+QList<QMetaMethod> declaredMethods(const QMetaObject &metaObject, QMetaMethod::MethodType type);
+inline QList<QMetaMethod> declaredSignals(const QMetaObject &metaObject)
+{
+    return declaredMethods(metaObject, QMetaMethod::Signal);
+}
 
 } // namespace substitute

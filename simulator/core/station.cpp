@@ -2,17 +2,13 @@
 #include "station.h"
 
 #include "autotesthandler.h"
-#include "catalogue.h"
-#include "linksubstitute.h"
-#include "platformsubstitute.h"
+#include "values.h"
 
 #include <algorithm>
 
 namespace mcusim {
 
 namespace {
-
-namespace link = substitute::link;
 
 /// Panel keys arrive from the platform's dispatcher with this kind.
 constexpr int panelKey = 1;
@@ -23,73 +19,62 @@ QString packetText(const QByteArray &bytes)
     bool goodChecksum = false;
     if (!takeApart(bytes, &packet, &goodChecksum))
         return QStringLiteral("no packet: ") + QString::fromLatin1(bytes.toHex(' '));
-    return packet.text() + QLatin1String(goodChecksum ? "" : " with a bad checksum");
+    return packet.text(Sender::Unit) + QLatin1String(goodChecksum ? "" : " with a bad checksum");
 }
 
 } // namespace
 
-Station::Station(substitute::VirtualClock *clock, Listener listener, SignalListener signalListener)
-    : m_clock(clock), m_listener(std::move(listener)), m_signalListener(std::move(signalListener)),
-      m_application(mcu::AutoTestHandler::instance(),
-                    [this](const QMetaMethod &signal, const QVariantList &values) {
-                        hear(QString::fromLatin1(signal.name()), values);
-                    })
-{
-    link::log().setListener([this](const substitute::Call &call) {
-        if (call.name != QLatin1String("sendAutoTestPkgToMcu"))
-            return;
-        m_answers.append(call.arguments.last().toByteArray());
-        m_listener(m_clock->now(), Sender::Unit, m_answers.last());
-    });
-}
+Station::Station(Simulation &simulation) : m_simulation(simulation) { simulation.addSink(this); }
 
-Station::~Station() { link::log().setListener({}); }
+void Station::play(const char *name, const QVariantList &values, Kind kind)
+{
+    const Signature *what = m_simulation.names().find(kind, QString::fromLatin1(name), values);
+    m_simulation.play({0, what, values, 0});
+}
 
 StationResult Station::run(const StationTest &test)
 {
+    Clock &clock = m_simulation.clock();
     m_test = &test;
-    m_replied = false;
+    m_replied = m_signalCame = false;
     m_answers.clear();
-    m_signals.clear();
-    const qint64 start = m_clock->now();
+    const qint64 start = clock.now();
 
     if (test.status >= 0)
-        link::inject(QStringLiteral("autoTestStatusChanged"), {test.status});
+        play("autoTestStatusChanged", {test.status});
     for (const QByteArray &chunk : test.chunks)
-        send(chunk);
+        play("autoTestPkgChanged", {chunk});
     for (const QVariantList &key : test.keys)
-        link::inject(QStringLiteral("keyEventSgl"), key);
+        play("keyEventSgl", key);
     for (const QVariantList &key : test.panelKeys)
-        substitute::platform::pressPanelKey(key[0].toInt(), key[1].toInt(), panelKey);
-    m_clock->settle();
+        play("panelKey", key + QVariantList{panelKey}, Kind::Setting);
 
     // A test that expects nothing waits its time out, to see that nothing comes.
     const qint64 end = start + test.within;
-    while (m_clock->now() < end &&
-           (test.answers.isEmpty() || m_answers.size() < test.answers.size())) {
-        const qint64 due = m_clock->nextDue();
-        m_clock->advanceTo(due < 0 ? end : std::min(due, end));
+    while (clock.now() < end &&
+           (test.answers.isEmpty() || m_answers.size() < test.answers.size()) &&
+           clock.advanceOnce(end)) {
     }
-    StationResult result{faults(test), m_clock->now() - start};
+    StationResult result{faults(test), clock.now() - start};
     m_test = nullptr;
     return result;
 }
 
-void Station::send(const QByteArray &chunk)
+void Station::hear(const Event &event)
 {
-    m_listener(m_clock->now(), Sender::Station, chunk);
-    link::inject(QStringLiteral("autoTestPkgChanged"), {chunk});
-    m_clock->settle();
-}
-
-void Station::hear(const QString &signal, const QVariantList &values)
-{
-    m_signals.append({signal, values});
-    m_signalListener(m_clock->now(), signal, values);
-    if (!m_test || !m_test->replies || m_replied)
+    if (!m_test)
         return;
-    m_replied = true;
-    mcu::AutoTestHandler::instance()->sendReadInfo(m_test->reply.did, m_test->reply.payload);
+    if (event.what->kind == Kind::Command &&
+        event.what->name == QLatin1String("sendAutoTestPkgToMcu"))
+        m_answers.append(event.values.last().toByteArray());
+    if (event.what->method.enclosingMetaObject() != &mcu::AutoTestHandler::staticMetaObject)
+        return;
+    m_signalCame = m_signalCame || (m_test->signal && event.sameAs(*m_test->signal));
+    if (m_test->reply && !m_replied) {
+        m_replied = true;
+        play("AutoTestHandler.sendReadInfo", {m_test->reply->did, m_test->reply->payload},
+             Kind::Call);
+    }
 }
 
 QStringList Station::faults(const StationTest &test) const
@@ -98,26 +83,20 @@ QStringList Station::faults(const StationTest &test) const
     const int common = std::min(test.answers.size(), m_answers.size());
     for (int i = 0; i < common; ++i) {
         if (test.answers[i].bytes() != m_answers[i])
-            found.append(QStringLiteral("expected %1, got %2")
-                             .arg(test.answers[i].text(), packetText(m_answers[i])));
+            found.append("expected " + test.answers[i].text(Sender::Unit) + ", got " +
+                         packetText(m_answers[i]));
     }
+    const QString hint =
+        mcu::AutoTestHandler::instance()->isInAutotestMode()
+            ? QString()
+            : QStringLiteral("; the test mode is off: \"status\":1 switches it on");
     for (int i = common; i < test.answers.size(); ++i)
-        found.append(QStringLiteral("no answer within %1 ms, expected %2")
-                         .arg(test.within)
-                         .arg(test.answers[i].text()));
+        found.append("no answer within " + QString::number(test.within) + " ms, expected " +
+                     test.answers[i].text(Sender::Unit) + hint);
     for (int i = common; i < m_answers.size(); ++i)
-        found.append(QStringLiteral("unexpected answer %1").arg(packetText(m_answers[i])));
-
-    const auto expected = [&test](const Signal &signal) {
-        return signal.name == test.signal && signal.values == test.values;
-    };
-    if (!test.signal.isEmpty() && std::none_of(m_signals.begin(), m_signals.end(), expected)) {
-        QStringList values;
-        for (const QVariant &value : test.values)
-            values.append(shown(value));
-        found.append(QStringLiteral("applications did not receive %1(%2)")
-                         .arg(test.signal, values.join(QStringLiteral(", "))));
-    }
+        found.append("unexpected answer " + packetText(m_answers[i]));
+    if (test.signal && !m_signalCame)
+        found.append("applications did not receive " + test.signal->text() + hint);
     return found;
 }
 

@@ -1,13 +1,9 @@
-// The factory test station at the desk: sends packets through the substitute link and holds what
-// comes back against a test.
+// The factory test station: sends packets through a simulation and holds what comes back against a
+// test.
 #pragma once
 
+#include "simulation.h"
 #include "stationsequence.h"
-
-#include "signaltap.h"
-#include "virtualclock.h"
-
-#include <functional>
 
 namespace mcusim {
 
@@ -16,39 +12,24 @@ struct StationResult {
     qint64 duration = 0; ///< virtual milliseconds
 };
 
-/// Lives once in a process. The library must have been started.
-class Station {
+/// A source and a sink of the simulation that it is made with.
+class Station : public Sink {
 public:
-    enum class Sender { Station, Unit };
-    /// Told of every chunk and packet as it passes.
-    using Listener = std::function<void(qint64 time, Sender sender, const QByteArray &bytes)>;
-    /// Told of every signal at the applications.
-    using SignalListener =
-        std::function<void(qint64 time, const QString &name, const QVariantList &)>;
+    explicit Station(Simulation &simulation);
 
-    Station(substitute::VirtualClock *clock, Listener listener, SignalListener signalListener);
-    ~Station();
-
+    /// Once the simulation has started.
     StationResult run(const StationTest &test);
+    void hear(const Event &event) override;
 
 private:
-    struct Signal {
-        QString name;
-        QVariantList values;
-    };
-
-    void send(const QByteArray &chunk);
-    void hear(const QString &signal, const QVariantList &values);
+    void play(const char *name, const QVariantList &values, Kind kind = Kind::Report);
     QStringList faults(const StationTest &test) const;
 
-    substitute::VirtualClock *m_clock;
-    Listener m_listener;
-    SignalListener m_signalListener;
-    substitute::SignalTap m_application;
+    Simulation &m_simulation;
     const StationTest *m_test = nullptr;
     bool m_replied = false;
     QVector<QByteArray> m_answers;
-    QVector<Signal> m_signals;
+    bool m_signalCame = false;
 };
 
 } // namespace mcusim

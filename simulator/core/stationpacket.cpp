@@ -1,7 +1,8 @@
 // The vocabulary of the factory test and the wire format.
 #include "stationpacket.h"
 
-#include <QStringList>
+#include "refusal.h"
+#include "values.h"
 
 #include <algorithm>
 #include <iterator>
@@ -11,143 +12,76 @@ namespace mcusim {
 
 namespace {
 
-constexpr quint8 Feedback = 0x21;
-constexpr quint8 ReadRequest = 0x22;
-constexpr quint8 WriteRequest = 0x2e;
-constexpr quint8 answerOf = 0x40; ///< added to the type of a request by its answer
-
-struct TypeName {
-    quint8 type;
-    const char *name;
-};
-
-constexpr TypeName types[]{{ReadRequest, "read"},
-                           {WriteRequest, "write"},
-                           {Feedback, "feedback"},
-                           {ReadRequest + answerOf, "read-answer"},
-                           {WriteRequest + answerOf, "write-answer"}};
-
 struct DidName {
-    quint8 type;
     quint8 did;
     const char *name;
 };
 
+constexpr DidName reads[]{
+    {0x01, "SOUND"},     {0x02, "MEDIA"},       {0x03, "SCREEN"},     {0x04, "TIME_DATE"},
+    {0x05, "LANGUAGE"},  {0x07, "RadioArea"},   {0x08, "PowSta"},     {0x09, "UI"},
+    {0x20, "NaviDemo"},  {0x21, "GPSFlag"},     {0x22, "GPSTime"},    {0x23, "SatelliteNUM"},
+    {0x24, "Dirction"},  {0x25, "TBOX"},        {0x26, "MapSize"},    {0x30, "BTAddress"},
+    {0x31, "BTDev"},     {0x41, "KeySta"},      {0x42, "RadioFreq"},  {0x43, "TPMS"},
+    {0x44, "RDS"},       {0x45, "DAB"},         {0x46, "SXM"},        {0x51, "CAN"},
+    {0x81, "SoftWare"},  {0x82, "HardWare"},    {0x83, "MODEL"},      {0x84, "SN"},
+    {0x85, "UUID"},      {0xa0, "VehicleName"}, {0xa1, "VehicleNum"}, {0xa2, "RSC_TSN"},
+    {0xa4, "ECU_MDATE"}, {0xa5, "ECU_PDATE"},   {0xa6, "ECU_ADATE"},  {0xa8, "MMI_FUNC"},
+    {0xa9, "VEH_NET"},   {0xb0, "WIFI_CONN"},   {0xb0, "WIFI_SIG"},   {0xc0, "DVR"},
+    {0xd0, "DEST"},      {0xd1, "GPS"},         {0xd2, "WHEEL_KEY"},  {0xd3, "SPEED"},
+    {0xd4, "READ_SN"}};
 // clang-format off
-constexpr DidName dids[]{
-    {ReadRequest, 0x01, "SOUND"},
-    {ReadRequest, 0x02, "MEDIA"},
-    {ReadRequest, 0x03, "SCREEN"},
-    {ReadRequest, 0x04, "TIME_DATE"},
-    {ReadRequest, 0x05, "LANGUAGE"},
-    {ReadRequest, 0x07, "RadioArea"},
-    {ReadRequest, 0x08, "PowSta"},
-    {ReadRequest, 0x09, "UI"},
-    {ReadRequest, 0x20, "NaviDemo"},
-    {ReadRequest, 0x21, "GPSFlag"},
-    {ReadRequest, 0x22, "GPSTime"},
-    {ReadRequest, 0x23, "SatelliteNUM"},
-    {ReadRequest, 0x24, "Dirction"},
-    {ReadRequest, 0x25, "TBOX"},
-    {ReadRequest, 0x26, "MapSize"},
-    {ReadRequest, 0x30, "BTAddress"},
-    {ReadRequest, 0x31, "BTDev"},
-    {ReadRequest, 0x41, "KeySta"},
-    {ReadRequest, 0x42, "RadioFreq"},
-    {ReadRequest, 0x43, "TPMS"},
-    {ReadRequest, 0x44, "RDS"},
-    {ReadRequest, 0x45, "DAB"},
-    {ReadRequest, 0x46, "SXM"},
-    {ReadRequest, 0x51, "CAN"},
-    {ReadRequest, 0x81, "SoftWare"},
-    {ReadRequest, 0x82, "HardWare"},
-    {ReadRequest, 0x83, "MODEL"},
-    {ReadRequest, 0x84, "SN"},
-    {ReadRequest, 0x85, "UUID"},
-    {ReadRequest, 0xa0, "VehicleName"},
-    {ReadRequest, 0xa1, "VehicleNum"},
-    {ReadRequest, 0xa2, "RSC_TSN"},
-    {ReadRequest, 0xa4, "ECU_MDATE"},
-    {ReadRequest, 0xa5, "ECU_PDATE"},
-    {ReadRequest, 0xa6, "ECU_ADATE"},
-    {ReadRequest, 0xa8, "MMI_FUNC"},
-    {ReadRequest, 0xa9, "VEH_NET"},
-    {ReadRequest, 0xb0, "WIFI_CONN"},
-    {ReadRequest, 0xb0, "WIFI_SIG"},
-    {ReadRequest, 0xc0, "DVR"},
-    {ReadRequest, 0xd0, "DEST"},
-    {ReadRequest, 0xd1, "GPS"},
-    {ReadRequest, 0xd2, "WHEEL_KEY"},
-    {ReadRequest, 0xd3, "SPEED"},
-    {ReadRequest, 0xd4, "READ_SN"},
-    {WriteRequest, 0x01, "SOUND"},
-    {WriteRequest, 0x02, "MEDIA"},
-    {WriteRequest, 0x03, "SCREEN"},
-    {WriteRequest, 0x04, "TIME_DATE"},
-    {WriteRequest, 0x05, "LANGUAGE"},
-    {WriteRequest, 0x06, "FACTORY"},
-    {WriteRequest, 0x07, "RadioArea"},
-    {WriteRequest, 0x08, "PowSta"},
-    {WriteRequest, 0x09, "UI"},
-    {WriteRequest, 0x0a, "RESET"},
-    {WriteRequest, 0x0b, "SEEK"},
-    {WriteRequest, 0x0c, "CAMERA"},
-    {WriteRequest, 0x0d, "SCRCOLOR"},
-    {WriteRequest, 0x10, "SETRDS"},
-    {WriteRequest, 0x21, "NAVI"},
-    {WriteRequest, 0x23, "ExitNAVI"},
-    {WriteRequest, 0x30, "BTSearch"},
-    {WriteRequest, 0x31, "BTConnect"},
-    {WriteRequest, 0x32, "DLPhone"},
-    {WriteRequest, 0x33, "BTMusic"},
-    {WriteRequest, 0x34, "CALL"},
-    {WriteRequest, 0x35, "MIC"},
-    {WriteRequest, 0x37, "BTState"},
-    {WriteRequest, 0x38, "BTTest"},
-    {WriteRequest, 0x39, "BTADDRTest"},
-    {WriteRequest, 0x3a, "BTPHONE"},
-    {WriteRequest, 0x3b, "TBOX"},
-    {WriteRequest, 0x3c, "DKey"},
-    {WriteRequest, 0x3d, "CONNECTION"},
-    {WriteRequest, 0x3e, "REVERSE"},
-    {WriteRequest, 0x46, "SETSWCKEY"},
-    {WriteRequest, 0x50, "BUZZER"},
-    {WriteRequest, 0x84, "SN"},
-    {WriteRequest, 0x85, "MES"},
-    {WriteRequest, 0x90, "FASTSLEEP"},
-    {WriteRequest, 0xa0, "vEHNAME"},
-    {WriteRequest, 0xa1, "vEHVIN"},
-    {WriteRequest, 0xb0, "ConnectionStatus"},
-    {WriteRequest, 0xb1, "ConnectionWifi"},
-    {WriteRequest, 0xe0, "WARN_SCREEN"},
-    {WriteRequest, 0xf0, "ENTER_DEST"},
-    {WriteRequest, 0xf1, "SET_DEST"},
-    {WriteRequest, 0xf2, "DEST_OK"},
-    {WriteRequest, 0xf3, "SET_DAY_NIGHT"},
-    {WriteRequest, 0xf4, "SET_SWC_ADAPTER"},
-    {WriteRequest, 0xf5, "SET_CAMARA"},
-    {WriteRequest, 0xf6, "SET_SN"},
-    {WriteRequest, 0xf7, "SETTING_STATUS"},
-    {Feedback, 0x01, "PWUP"},
-    {Feedback, 0x25, "NAVISET"},
-    {Feedback, 0x30, "BTSH"},
-    {Feedback, 0x31, "BTConnect"},
-    {Feedback, 0x32, "BTDisconnect"},
-    {Feedback, 0x33, "BTDNBK"},
-    {Feedback, 0x34, "BTCALL"},
-    // Milestones that the unit reports
-    {Feedback, 0x01, "BOOT_DONE"},
-    {Feedback, 0x30, "BT_SEARCHED"},
-    {Feedback, 0x31, "BT_CONNECTED"},
-    {Feedback, 0x33, "BT_PHONEBOOK"},
-    {Feedback, 0x34, "BT_CALLED"},
+constexpr DidName writes[]{
+    {0x01, "SOUND"},          {0x02, "MEDIA"},          {0x03, "SCREEN"},         {0x04, "TIME_DATE"},
+    {0x05, "LANGUAGE"},       {0x06, "FACTORY"},        {0x07, "RadioArea"},      {0x08, "PowSta"},
+    {0x09, "UI"},             {0x0a, "RESET"},          {0x0b, "SEEK"},           {0x0c, "CAMERA"},
+    {0x0d, "SCRCOLOR"},       {0x10, "SETRDS"},         {0x21, "NAVI"},           {0x23, "ExitNAVI"},
+    {0x30, "BTSearch"},       {0x31, "BTConnect"},      {0x32, "DLPhone"},        {0x33, "BTMusic"},
+    {0x34, "CALL"},           {0x35, "MIC"},            {0x37, "BTState"},        {0x38, "BTTest"},
+    {0x39, "BTADDRTest"},     {0x3a, "BTPHONE"},        {0x3b, "TBOX"},           {0x3c, "DKey"},
+    {0x3d, "CONNECTION"},     {0x3e, "REVERSE"},        {0x46, "SETSWCKEY"},      {0x50, "BUZZER"},
+    {0x84, "SN"},             {0x85, "MES"},            {0x90, "FASTSLEEP"},      {0xa0, "vEHNAME"},
+    {0xa1, "vEHVIN"},         {0xb0, "ConnectionStatus"}, {0xb1, "ConnectionWifi"}, {0xe0, "WARN_SCREEN"},
+    {0xf0, "ENTER_DEST"},     {0xf1, "SET_DEST"},       {0xf2, "DEST_OK"},        {0xf3, "SET_DAY_NIGHT"},
+    {0xf4, "SET_SWC_ADAPTER"}, {0xf5, "SET_CAMARA"},     {0xf6, "SET_SN"},         {0xf7, "SETTING_STATUS"},
 };
 // clang-format on
+constexpr DidName stationFeedback[]{{0x01, "PWUP"},      {0x25, "NAVISET"},      {0x30, "BTSH"},
+                                    {0x31, "BTConnect"}, {0x32, "BTDisconnect"}, {0x33, "BTDNBK"},
+                                    {0x34, "BTCALL"}};
+/// Milestones that the unit reports.
+constexpr DidName unitFeedback[]{{0x01, "BOOT_DONE"},
+                                 {0x30, "BT_SEARCHED"},
+                                 {0x31, "BT_CONNECTED"},
+                                 {0x33, "BT_PHONEBOOK"},
+                                 {0x34, "BT_CALLED"}};
 
-/// An answer has the names of its request.
-quint8 requestOf(quint8 type) { return type > answerOf ? quint8(type - answerOf) : type; }
+/// A type of packet with its names, as one side sends it.
+struct PacketType {
+    quint8 type;
+    const char *name;
+    Sender sender;
+    const DidName *begin;
+    const DidName *end;
+};
 
-QString hex(const QByteArray &bytes) { return QString::fromLatin1(bytes.toHex(' ').toUpper()); }
+template <std::size_t Size>
+constexpr PacketType named(quint8 type, const char *name, Sender sender,
+                           const DidName (&dids)[Size])
+{
+    return {type, name, sender, std::begin(dids), std::end(dids)};
+}
+
+constexpr PacketType types[]{
+    named(0x22, "read", Sender::Station, reads),
+    named(0x2e, "write", Sender::Station, writes),
+    named(0x21, "feedback", Sender::Station, stationFeedback),
+    named(0x21, "feedback", Sender::Unit, unitFeedback),
+    named(readAnswer, "read-answer", Sender::Unit, reads),
+    named(0x6e, "write-answer", Sender::Unit, writes),
+};
+
+QString number(quint8 value) { return QStringLiteral("0x%1").arg(value, 2, 16, QLatin1Char('0')); }
 
 } // namespace
 
@@ -176,61 +110,63 @@ QByteArray StationPacket::bytes(Fault fault) const
     return packet;
 }
 
-QString StationPacket::text() const
+QString StationPacket::text(Sender sender) const
 {
-    const auto typeName = std::find_if(std::begin(types), std::end(types),
-                                       [this](const TypeName &row) { return row.type == type; });
-    const auto didName = std::find_if(std::begin(dids), std::end(dids), [this](const DidName &row) {
-        return row.type == requestOf(type) && row.did == did;
-    });
-    const auto number = [](quint8 value) {
-        return QStringLiteral("0x%1").arg(value, 2, 16, QLatin1Char('0'));
-    };
-    return QStringLiteral("%1 %2 %3")
-        .arg(typeName == std::end(types) ? number(type) : QString::fromLatin1(typeName->name),
-             didName == std::end(dids) ? number(did) : QString::fromLatin1(didName->name),
-             hex(payload))
+    QString typeName = number(type);
+    QString didName = number(did);
+    for (const PacketType &row : types) {
+        if (row.type != type)
+            continue;
+        typeName = QString::fromLatin1(row.name);
+        const auto *name = std::find_if(row.begin, row.end,
+                                        [this](const DidName &known) { return known.did == did; });
+        if (name == row.end)
+            continue;
+        didName = QString::fromLatin1(name->name);
+        if (row.sender == sender)
+            break;
+    }
+    return (typeName + ' ' + didName + ' ' + QString::fromLatin1(payload.toHex(' ').toUpper()))
         .trimmed();
 }
 
-bool readPacket(const QString &text, StationPacket *packet, QString *error)
+StationPacket readPacket(const QString &text)
 {
     const QStringList words = text.simplified().split(QLatin1Char(' '));
-    const auto type =
-        std::find_if(std::begin(types), std::end(types),
-                     [&words](const TypeName &row) { return words[0] == QLatin1String(row.name); });
-    if (type == std::end(types) || words.size() < 2) {
-        *error =
-            QStringLiteral("\"%1\": expected read, write, feedback, read-answer or write-answer, "
-                           "a DID and payload bytes")
-                .arg(text);
-        return false;
+    StationPacket packet;
+    bool hasType = false;
+    bool hasDid = false;
+    for (const PacketType &row : types) {
+        if (words[0] != QLatin1String(row.name))
+            continue;
+        hasType = true;
+        packet.type = row.type;
+        for (const auto *known = row.begin; known != row.end && !hasDid; ++known) {
+            hasDid = words.value(1) == QLatin1String(known->name);
+            packet.did = known->did;
+        }
     }
-    packet->type = type->type;
-
-    bool isNumber = false;
-    const int number = words[1].toInt(&isNumber, 16);
-    const auto did = std::find_if(std::begin(dids), std::end(dids), [&](const DidName &row) {
-        return row.type == requestOf(type->type) && words[1] == QLatin1String(row.name);
-    });
-    if (did != std::end(dids)) {
-        packet->did = did->did;
-    } else if (isNumber && number >= 0 && number <= 0xff) {
-        packet->did = quint8(number);
-    } else {
-        *error =
-            QStringLiteral("\"%1\": unknown DID \"%2\"; `mcusim station --list` shows them all")
-                .arg(text, words[1]);
-        return false;
+    if (!hasType || words.size() < 2) {
+        throw Refusal(excerpt(text) + ": expected read, write, feedback, read-answer or "
+                                      "write-answer, a DID and payload bytes");
+    }
+    if (!hasDid) {
+        bool isNumber = false;
+        const uint did = words[1].toUInt(&isNumber, 16);
+        if (!isNumber || did > 0xff) {
+            throw Refusal(excerpt(text) + ": unknown DID " + excerpt(words[1]) +
+                          "; `mcusim station --list` shows them all");
+        }
+        packet.did = quint8(did);
     }
     constexpr int longestPayload = 253;
-    if (!readHex(words.mid(2).join(QString()), &packet->payload) ||
-        packet->payload.size() > longestPayload) {
-        *error =
-            QStringLiteral("\"%1\": expected at most 253 payload bytes in hexadecimal").arg(text);
-        return false;
+    if (!readHex(QStringList(words.mid(2)).join(' '), &packet.payload))
+        throw Refusal(excerpt(text) + ": expected payload bytes as pairs of hexadecimal digits");
+    if (packet.payload.size() > longestPayload) {
+        throw Refusal(excerpt(text) + ": expected at most 253 payload bytes, got " +
+                      QString::number(packet.payload.size()));
     }
-    return true;
+    return packet;
 }
 
 bool takeApart(const QByteArray &bytes, StationPacket *packet, bool *goodChecksum)
@@ -246,19 +182,16 @@ bool takeApart(const QByteArray &bytes, StationPacket *packet, bool *goodChecksu
     return true;
 }
 
-bool readHex(const QString &text, QByteArray *bytes)
-{
-    QByteArray digits = text.toLatin1().replace("0x", "").replace(" ", "").toLower();
-    *bytes = QByteArray::fromHex(digits);
-    return bytes->toHex() == digits;
-}
-
 QStringList didList()
 {
     QStringList lines;
-    for (const DidName &row : dids)
-        lines.append(StationPacket{row.type, row.did, {}}.text() +
-                     QStringLiteral(" 0x%1").arg(row.did, 2, 16, QLatin1Char('0')));
+    for (const PacketType &row : types) {
+        for (const auto *did = row.begin; did != row.end; ++did) {
+            lines.append(QString::fromLatin1(row.name).leftJustified(14) + number(did->did) + ' ' +
+                         QLatin1String(did->name) +
+                         (row.sender == Sender::Unit ? "  (from the unit)" : ""));
+        }
+    }
     return lines;
 }
 

@@ -7,8 +7,14 @@
 
 namespace mcusim {
 
+/// Who sends a packet: some bytes have another name on their way back.
+enum class Sender { Station, Unit };
+
 /// Ways to break a packet on purpose.
 enum class Fault { None, Sync, Length, Checksum };
+
+/// The type of the packet by which a read request is answered.
+constexpr quint8 readAnswer = 0x62;
 
 struct StationPacket {
     quint8 type = 0;
@@ -18,7 +24,7 @@ struct StationPacket {
     /// As it goes over the wire, whole or broken.
     QByteArray bytes(Fault fault = Fault::None) const;
     /// "read SOUND 02".
-    QString text() const;
+    QString text(Sender sender) const;
 
     bool operator==(const StationPacket &other) const
     {
@@ -26,14 +32,11 @@ struct StationPacket {
     }
 };
 
-/// Reads "read SOUND 02" or "write 0xF7 01 02 03". False with one line in *error.
-bool readPacket(const QString &text, StationPacket *packet, QString *error);
+/// Reads "read SOUND 02" or "write 0xF7 01 02 03". Throws a Refusal.
+StationPacket readPacket(const QString &text);
 
 /// Takes apart what the unit sent. False when it is no packet; *goodChecksum tells of the checksum.
 bool takeApart(const QByteArray &bytes, StationPacket *packet, bool *goodChecksum);
-
-/// Bytes from hexadecimal text, with or without blanks and "0x". False when it is none.
-bool readHex(const QString &text, QByteArray *bytes);
 
 /// All types and DIDs with their names, a line each, for a list.
 QStringList didList();

@@ -1,53 +1,41 @@
-// Every line is checked before the first test runs.
 #include "stationsequence.h"
 
-#include "catalogue.h"
+#include "jsonlines.h"
+#include "values.h"
 
 #include <QJsonArray>
-#include <QJsonDocument>
-#include <QJsonObject>
 
 #include <cmath>
-#include <stdexcept>
 
 namespace mcusim {
 
 namespace {
 
-/// What is wrong with a line; caught where its number is known.
-struct Refusal : std::runtime_error {
-    explicit Refusal(const QString &why) : std::runtime_error(why.toStdString()) {}
-};
-
-/// One thing or an array of them.
-QJsonArray list(const QJsonValue &value)
+/// One text or an array of them.
+QStringList texts(const QJsonObject &line, const char *key)
 {
-    if (value.isUndefined())
-        return {};
-    return value.isArray() ? value.toArray() : QJsonArray{value};
+    const QJsonValue value = line.value(QLatin1String(key));
+    QStringList found;
+    for (const QJsonValue item : value.isArray() ? value.toArray() : QJsonArray{value}) {
+        if (!item.isString() && !value.isUndefined())
+            refuseValue(line, key, "a text or an array of texts");
+        found.append(item.toString());
+    }
+    return value.isUndefined() ? QStringList() : found;
 }
 
-StationPacket packet(const QString &text)
+Fault fault(const QJsonObject &line)
 {
-    StationPacket packet;
-    QString error;
-    if (!readPacket(text, &packet, &error))
-        throw Refusal(error);
-    return packet;
-}
-
-Fault fault(const QJsonValue &value)
-{
-    const QString name = value.toString();
-    if (value.isUndefined())
-        return Fault::None;
+    const QString name = readText(line, "broken");
     if (name == QLatin1String("sync"))
         return Fault::Sync;
     if (name == QLatin1String("length"))
         return Fault::Length;
     if (name == QLatin1String("checksum"))
         return Fault::Checksum;
-    throw Refusal(QStringLiteral("\"broken\" expects sync, length or checksum"));
+    if (line.contains(QLatin1String("broken")))
+        refuseValue(line, "broken", "sync, length or checksum");
+    return Fault::None;
 }
 
 /// A chunk: raw bytes after "bytes", or packets glued with "+", the first one broken if asked for.
@@ -57,11 +45,13 @@ QByteArray chunk(const QString &text, Fault fault)
     QByteArray bytes;
     if (text.startsWith(bytesWord)) {
         if (!readHex(text.mid(bytesWord.size()), &bytes))
-            throw Refusal(QStringLiteral("\"%1\": expected bytes in hexadecimal").arg(text));
+            throw Refusal(excerpt(text) + ": expected bytes in hexadecimal");
+        if (fault != Fault::None)
+            throw Refusal(QStringLiteral("\"broken\" breaks packets, not \"bytes\""));
         return bytes;
     }
     for (const QString &part : text.split(QLatin1Char('+'))) {
-        bytes += packet(part).bytes(fault);
+        bytes += readPacket(part).bytes(fault);
         fault = Fault::None;
     }
     return bytes;
@@ -74,111 +64,122 @@ int integer(const QJsonObject &line, const char *key, int from, int to, int othe
         return otherwise;
     const double number = value.toDouble(std::nan(""));
     if (!(number >= from && number <= to) || std::trunc(number) != number) {
-        throw Refusal(QStringLiteral("\"%1\" expects a number from %2 to %3")
-                          .arg(QLatin1String(key))
-                          .arg(from)
-                          .arg(to));
+        const QByteArray range =
+            "a number from " + QByteArray::number(from) + " to " + QByteArray::number(to);
+        refuseValue(line, key, range.constData());
     }
     return int(number);
 }
 
-QVector<QVariantList> keys(const QJsonObject &line, const char *key)
+QVector<QVariantList> keys(const Catalogue &names, const QJsonObject &line, const char *key)
 {
     QVector<QVariantList> events;
-    for (const QJsonValue item : list(line.value(QLatin1String(key)))) {
-        QVariantList values;
-        QString error;
-        if (!readArguments(Kind::Report, QStringLiteral("keyEventSgl"), item, &values, &error))
-            throw Refusal(
-                QStringLiteral("\"%1\" expects [[key, state], ...]").arg(QLatin1String(key)));
-        events.append(values);
+    const QJsonValue value = line.value(QLatin1String(key));
+    const QJsonArray items = value.toArray();
+    try {
+        for (const QJsonValue item : items)
+            events.append(names.read(Kind::Report, QStringLiteral("keyEventSgl"), item).values);
+    } catch (const Refusal &) {
+        events.clear();
     }
+    if (events.isEmpty() && !value.isUndefined())
+        refuseValue(line, key, "[[key, state], ...]");
     return events;
 }
 
-StationTest test(const QJsonObject &line)
+void addChunks(const QJsonObject &line, StationTest &test)
+{
+    Fault first = fault(line);
+    for (const QString &text : texts(line, "send")) {
+        test.chunks.append(chunk(text, first));
+        first = Fault::None;
+    }
+    for (const char *key : {"broken", "split"}) {
+        if (line.contains(QLatin1String(key)) && test.chunks.isEmpty())
+            refuseValue(line, key, "a packet in \"send\"");
+    }
+    if (line.contains(QLatin1String("split"))) {
+        const QByteArray whole = test.chunks.takeFirst();
+        const int split = integer(line, "split", 1, whole.size() - 1, 0);
+        test.chunks.prepend(whole.mid(split));
+        test.chunks.prepend(whole.left(split));
+    }
+}
+
+StationTest readTest(const Catalogue &names, const QJsonObject &line)
 {
     static const QStringList known{
         QStringLiteral("test"),      QStringLiteral("status"), QStringLiteral("send"),
         QStringLiteral("split"),     QStringLiteral("broken"), QStringLiteral("keys"),
         QStringLiteral("panelKeys"), QStringLiteral("reply"),  QStringLiteral("signal"),
         QStringLiteral("value"),     QStringLiteral("answer"), QStringLiteral("within")};
-    for (const QString &key : line.keys()) {
-        if (!known.contains(key))
-            throw Refusal(QStringLiteral("unexpected \"%1\"").arg(key));
-    }
+    allowKeys(line, known);
     StationTest test;
-    test.name = line.value(QLatin1String("test")).toString();
+    test.name = readText(line, "test");
     if (test.name.isEmpty())
         throw Refusal(QStringLiteral("expected \"test\" with a name"));
     test.status = integer(line, "status", 0, 255, -1);
     test.within = integer(line, "within", 0, 3'600'000, test.within);
-
-    Fault first = fault(line.value(QLatin1String("broken")));
-    for (const QJsonValue item : list(line.value(QLatin1String("send")))) {
-        test.chunks.append(chunk(item.toString(), first));
-        first = Fault::None;
-    }
-    const int split = integer(line, "split", 0, 10'000, 0);
-    if (split > 0 && !test.chunks.isEmpty()) {
-        const QByteArray whole = test.chunks.takeFirst();
-        test.chunks.prepend(whole.mid(split));
-        test.chunks.prepend(whole.left(split));
-    }
-    test.keys = keys(line, "keys");
-    test.panelKeys = keys(line, "panelKeys");
+    addChunks(line, test);
+    test.keys = keys(names, line, "keys");
+    test.panelKeys = keys(names, line, "panelKeys");
+    for (const QString &text : texts(line, "answer"))
+        test.answers.append(readPacket(text));
     if (line.contains(QLatin1String("reply"))) {
-        test.replies = true;
-        test.reply = packet(line.value(QLatin1String("reply")).toString());
+        test.reply = readPacket(readText(line, "reply"));
+        // An application answers a read request; what is written the handler acknowledges itself.
+        if (test.reply->type != readAnswer)
+            refuseValue(line, "reply", "a read-answer");
     }
-    for (const QJsonValue item : list(line.value(QLatin1String("answer"))))
-        test.answers.append(packet(item.toString()));
-    test.signal = line.value(QLatin1String("signal")).toString();
-    QString error;
-    if (!test.signal.isEmpty() &&
-        !readArguments(Kind::Signal, QStringLiteral("AutoTestHandler.") + test.signal,
-                       line.value(QLatin1String("value")), &test.values, &error))
-        throw Refusal(error);
+    const QJsonValue value = line.value(QLatin1String("value"));
+    if (line.contains(QLatin1String("signal")))
+        test.signal =
+            names.read(Kind::Signal, "AutoTestHandler." + readText(line, "signal"), value);
+    else if (!value.isUndefined())
+        refuseValue(line, "value", "a \"signal\" that carries it");
     return test;
 }
 
 } // namespace
 
-bool readSequence(const QByteArray &text, StationSequence *sequence, QString *error)
+SequenceFile::SequenceFile(const Catalogue &names, const QString &path, LineFile::GoOn goOn)
+    : m_names(names), m_file(path, std::move(goOn))
 {
-    const QList<QByteArray> lines = text.split('\n');
-    bool first = true;
-    for (int i = 0; i < lines.size(); ++i) {
-        if (lines[i].trimmed().isEmpty())
+}
+
+std::optional<StationTest> SequenceFile::next()
+{
+    QByteArray line;
+    while (m_file.next(&line)) {
+        if (line.trimmed().isEmpty())
             continue;
         try {
-            QJsonParseError parsed{};
-            const QJsonObject line = QJsonDocument::fromJson(lines[i], &parsed).object();
-            if (parsed.error != QJsonParseError::NoError)
-                throw Refusal(
-                    QStringLiteral("expected a JSON object (%1)").arg(parsed.errorString()));
-            if (first) {
-                const QJsonObject metadata = line.value(QLatin1String("metadata")).toObject();
-                if (metadata.value(QLatin1String("version")).toInt() != 1)
-                    throw Refusal(
-                        QStringLiteral(R"(expected {"metadata":{"version":1,...}} first)"));
-                sequence->description = metadata.value(QLatin1String("description")).toString();
-                first = false;
-                continue;
+            const QJsonObject object = readObject(line);
+            if (m_hasMetadata) {
+                StationTest test = readTest(m_names, object);
+                test.line = m_file.number();
+                ++m_tests;
+                return test;
             }
-            sequence->tests.append(test(line));
-            sequence->tests.last().line = i + 1;
+            m_description =
+                readText(readMetadata(object, {QStringLiteral("description")}), "description");
+            m_hasMetadata = true;
         } catch (const Refusal &refusal) {
-            *error =
-                QStringLiteral("line %1: %2").arg(i + 1).arg(QString::fromUtf8(refusal.what()));
-            return false;
+            throw m_file.located(refusal);
         }
     }
-    if (sequence->tests.isEmpty()) {
-        *error = QStringLiteral("expected at least one test");
-        return false;
-    }
-    return true;
+    if (!m_hasMetadata)
+        throw Refusal(m_file.name() + ": line 1: " + expectedMetadata());
+    if (m_tests == 0)
+        throw Refusal(m_file.name() + ": expected at least one test");
+    return {};
+}
+
+void SequenceFile::rewind()
+{
+    m_file.rewind();
+    m_hasMetadata = false;
+    m_tests = 0;
 }
 
 } // namespace mcusim

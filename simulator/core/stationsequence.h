@@ -1,10 +1,9 @@
 // A test sequence of the factory station: JSON Lines, a test a line.
 #pragma once
 
+#include "catalogue.h"
+#include "jsonlines.h"
 #include "stationpacket.h"
-
-#include <QVariantList>
-#include <QVector>
 
 namespace mcusim {
 
@@ -16,22 +15,33 @@ struct StationTest {
     int status = -1;            ///< factory-test status that the MCU reports first; -1 for none
     QVector<QByteArray> chunks; ///< sent one after another
     QVector<QVariantList> keys; ///< steering-wheel keys then: key, state
-    QVector<QVariantList> panelKeys; ///< and panel keys: key, state
-    bool replies = false;            ///< the application answers the first read signal
-    StationPacket reply;
+    QVector<QVariantList> panelKeys;    ///< and panel keys: key, state
+    std::optional<StationPacket> reply; ///< of the application to the first signal
 
-    QString signal; ///< of the handler, expected; empty when it does not matter
-    QVariantList values;
+    std::optional<Event> signal;    ///< of the handler, expected
     QVector<StationPacket> answers; ///< exactly these must come
     int within = 500;               ///< virtual milliseconds for all of them
 };
 
-struct StationSequence {
-    QString description;
-    QVector<StationTest> tests;
-};
+/// A sequence in a file, read as it is asked for.
+class SequenceFile {
+public:
+    SequenceFile(const Catalogue &names, const QString &path, LineFile::GoOn goOn = {});
 
-/// Reads a sequence. False with one line in *error, "line 3: ...".
-bool readSequence(const QByteArray &text, StationSequence *sequence, QString *error);
+    /// The next test; nothing at the end. Throws a Refusal that names file and line.
+    std::optional<StationTest> next();
+    void rewind();
+
+    const LineFile &file() const { return m_file; }
+    /// Once a test has been read.
+    const QString &description() const { return m_description; }
+
+private:
+    const Catalogue &m_names;
+    LineFile m_file;
+    QString m_description;
+    bool m_hasMetadata = false;
+    int m_tests = 0;
+};
 
 } // namespace mcusim

@@ -1,31 +1,18 @@
-// The subcommands of mcusim. Each reads its own part of the command line and gives the exit status.
+// The commands of mcusim. Each reads its own part of the command line and returns the exit status.
 #pragma once
 
-#include <QCommandLineOption>
 #include <QStringList>
-
-namespace substitute {
-class VirtualClock;
-}
 
 namespace mcusim {
 
-/// Exit statuses of all subcommands.
-enum Exit { Passed = 0, Failed = 1, Unusable = 2 };
+/// Exit statuses of all commands.
+enum Exit { Passed = 0, Failed = 1, Unusable = 2, Interrupted = 130 };
 
-int playCommand(const QStringList &arguments, substitute::VirtualClock *clock);
-int listCommand(const QStringList &arguments, substitute::VirtualClock *clock);
-int stationCommand(const QStringList &arguments, substitute::VirtualClock *clock);
-int updatesCommand(const QStringList &arguments, substitute::VirtualClock *clock);
-int textCommand(const QStringList &arguments, substitute::VirtualClock *clock);
-
-/// Without the help on Qt's own options, which are of no use here.
-QCommandLineOption helpOption();
-
-/// The status given, or Unusable with a line on standard error when standard output lost something.
-int written(int status);
-
-/// One line on standard error, and Unusable.
-int unusable(const QString &why);
+int playCommand(const QStringList &arguments);
+int listCommand(const QStringList &arguments);
+int stationCommand(const QStringList &arguments);
+int updatesCommand(const QStringList &arguments);
+int textCommand(const QStringList &arguments);
+int recordsCommand(const QStringList &arguments);
 
 } // namespace mcusim

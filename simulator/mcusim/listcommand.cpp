@@ -1,48 +1,127 @@
-// mcusim list: all names that a scenario can use.
-#include "catalogue.h"
-#include "commands.h"
+// mcusim list: all names that a scenario can use, or some of them in full.
+#include "commandline.h"
+#include "process.h"
+#include "recordtables.h"
 
-#include <QCommandLineParser>
-#include <QCoreApplication>
+#include "scenario.h"
+#include "substituteplatform.h"
+#include "values.h"
 
-#include <cstdio>
+#include <QJsonArray>
+#include <QJsonDocument>
 
 namespace mcusim {
 
-int listCommand(const QStringList &arguments, substitute::VirtualClock *)
-{
-    QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QStringLiteral("Shows all names that a scenario can use, with their parameters."));
-    parser.addOption(helpOption());
-    parser.addPositionalArgument(QStringLiteral("list"), QString());
-    if (!parser.parse(QStringList(QCoreApplication::applicationName()) + arguments))
-        return unusable(parser.errorText() + QStringLiteral("; see mcusim list --help"));
-    if (parser.isSet(QStringLiteral("help")))
-        parser.showHelp(Passed);
-    if (parser.positionalArguments().size() != 1)
-        return unusable(QStringLiteral("list expects nothing more; see mcusim list --help"));
+namespace {
 
-    struct Section {
-        Kind kind;
-        const char *title;
-    };
-    constexpr Section sections[]{
-        {Kind::Report, "Link signals, played with \"name\""},
-        {Kind::Call, "Operations, played with \"call\""},
-        {Kind::Answer, "What operations give back, expected with \"answer\""},
-        {Kind::Setting, "Settings of the desk, played with \"set\""},
-        {Kind::Signal, "Application signals, expected with \"signal\""},
-        {Kind::Command, "Link commands, expected with \"command\""},
-        {Kind::Platform, "Calls of other platform classes, expected with \"platform\""},
-    };
-    for (const Section &section : sections) {
-        std::printf("%s\n", section.title);
-        for (const Signature &signature : catalogue(section.kind))
-            std::printf("  %s\n", qUtf8Printable(signature.text()));
-        std::printf("\n");
+void put(const QString &line) { std::fputs((line + '\n').toUtf8().constData(), stdout); }
+
+/// What the interface says of a value by its name; all else are codes of the MCU.
+QString unit(const Parameter &parameter)
+{
+    static const QMap<QString, QString> units{
+        {QStringLiteral("kmh"), QStringLiteral("km/h")},
+        {QStringLiteral("percent"), QStringLiteral("%")},
+        {QStringLiteral("ms"), QStringLiteral("milliseconds")},
+        {QStringLiteral("steering_angle"), QStringLiteral("tenths of a degree")}};
+    return units.value(parameter.name);
+}
+
+void putInFull(const Signature &signature)
+{
+    const KindInfo &kind = info(signature.kind);
+    put(signature.text());
+    put(QLatin1String("  ") + kind.title + (kind.isInput ? ", played" : ", expected") + " with \"" +
+        kind.key + "\":");
+    Event example{0, &signature, {}, 0};
+    for (const Parameter &parameter : signature.parameters) {
+        const int type =
+            parameter.type == QMetaType::QVariant ? int(QMetaType::Int) : parameter.type;
+        example.values.append(type == QMetaType::QVariantList
+                                  ? QVariantList(QVector<QVariant>(parameter.length, 0).toList())
+                                  : QVariant(type, nullptr));
     }
-    return written(Passed);
+    put("  " + QString::fromUtf8(writtenEvent(example)));
+    for (const Parameter &parameter : signature.parameters) {
+        if (!unit(parameter).isEmpty())
+            put("  " + parameter.name + " in " + unit(parameter));
+    }
+    if (signature.answer)
+        put("  returns " + described(signature.answer->parameters.first()) +
+            ", expected with \"answer\"");
+    if (const auto *record = recordOf(signature))
+        put('\n' + recordSection(*record).remove('`'));
+    put({});
+}
+
+QJsonObject json(const Signature &signature)
+{
+    QJsonArray parameters;
+    for (const Parameter &parameter : signature.parameters) {
+        QJsonObject entry{{QStringLiteral("name"), parameter.name},
+                          {QStringLiteral("type"), typeName(parameter)}};
+        if (parameter.length > 0)
+            entry.insert(QStringLiteral("length"), parameter.length);
+        if (!unit(parameter).isEmpty())
+            entry.insert(QStringLiteral("unit"), unit(parameter));
+        parameters.append(entry);
+    }
+    QJsonObject object{{QStringLiteral("kind"), info(signature.kind).key},
+                       {QStringLiteral("name"), signature.name},
+                       {QStringLiteral("parameters"), parameters}};
+    if (const auto *record = recordOf(signature))
+        object.insert(QStringLiteral("record"), recordJson(*record));
+    return object;
+}
+
+} // namespace
+
+int listCommand(const QStringList &arguments)
+{
+    const CommandLine line(arguments,
+                           {"list",
+                            "[NAME...]",
+                            "Shows all names that a scenario can use, with their parameters; those "
+                            "that are named (globs over names, classes and kinds) in full.",
+                            {{"json", nullptr, "As a JSON array, an object for each name."}}});
+    SubstitutePlatform platform;
+    const Catalogue names(platform);
+    QVector<const Signature *> shown;
+    for (const QString &glob : line.operands()) {
+        for (const Signature *signature : names.like(glob)) {
+            if (!shown.contains(signature))
+                shown.append(signature);
+        }
+    }
+    const bool inFull = !shown.isEmpty();
+    for (const Signature &signature : names.all()) {
+        if (!inFull)
+            shown.append(&signature);
+    }
+    if (line.isSet("json")) {
+        const char *separator = "[";
+        for (const Signature *signature : shown) {
+            put(separator +
+                QString::fromUtf8(QJsonDocument(json(*signature)).toJson(QJsonDocument::Compact)));
+            separator = ",";
+        }
+        put(QStringLiteral("]"));
+        return Passed;
+    }
+    if (inFull) {
+        for (const Signature *signature : shown)
+            putInFull(*signature);
+        return Passed;
+    }
+    for (const KindInfo &kind : kinds) {
+        put(QString::fromLatin1(kind.heading));
+        for (const Signature *signature : shown) {
+            if (&info(signature->kind) == &kind)
+                put("  " + signature->text());
+        }
+        put({});
+    }
+    return Passed;
 }
 
 } // namespace mcusim

@@ -1,75 +1,75 @@
-// mcusim, the desk tool: drives the library on the substitute platform.
-#include "commands.h"
+// mcusim, the simulator's command line: drives the library on the substitute platform.
+#include "commandline.h"
+#include "process.h"
+#include "values.h"
 
-#include "virtualclock.h"
-
-#include <QCommandLineParser>
-#include <QCoreApplication>
+#include <clocale>
+#include <csignal>
 
 namespace {
-
-using substitute::VirtualClock;
 
 struct Command {
     const char *name;
     const char *summary;
-    int (*run)(const QStringList &arguments, VirtualClock *clock);
+    int (*run)(const QStringList &arguments);
 };
 
 constexpr Command commands[]{
-    {"play", "plays a scenario and shows what applications and the link receive",
+    {"play", "plays scenarios and shows what applications and the link receive",
      mcusim::playCommand},
-    {"list", "shows all names that a scenario can use, with their parameters", mcusim::listCommand},
+    {"list", "shows all names that a scenario can use, or one of them in full",
+     mcusim::listCommand},
     {"station", "a factory test station: sends packets, runs test sequences",
      mcusim::stationCommand},
     {"updates", "shows which update files are found under a folder", mcusim::updatesCommand},
     {"text", "shows broadcast bytes as text", mcusim::textCommand},
+    {"records", "writes the tables of the vehicle records into a page", mcusim::recordsCommand},
 };
 
-QString description()
+QByteArray help()
 {
-    QString text = QStringLiteral("Drives libmcuservice on a substitute platform.\n\nCommands:\n");
-    for (const Command &command : commands) {
-        text += QStringLiteral("  %1  %2\n")
-                    .arg(QLatin1String(command.name), -8)
-                    .arg(QLatin1String(command.summary));
-    }
+    QByteArray text = "Usage: mcusim COMMAND ...\n\n"
+                      "Drives libmcuservice on a substitute platform.\n\nCommands:\n";
+    for (const Command &command : commands)
+        text += "  " + QByteArray(command.name).leftJustified(8) + "  " + command.summary + '\n';
     return text +
-           QStringLiteral(
-               "\nExit status: 0 all well, 1 something failed, 2 wrong usage or unreadable input.\n"
-               "`mcusim COMMAND --help` tells more.");
+           "\nExit status: 0 all well, 1 something failed, 2 wrong usage, unreadable input or lost "
+           "output.\n`mcusim COMMAND --help` tells more.\n";
+}
+
+int run(const QStringList &arguments)
+{
+    const QString name = arguments.value(0);
+    if (name == QLatin1String("--version")) {
+        std::puts("mcusim " MCUSIM_VERSION);
+        return mcusim::Passed;
+    }
+    if (name == QLatin1String("--help") || name == QLatin1String("-h")) {
+        std::fputs(help().constData(), stdout);
+        return mcusim::Passed;
+    }
+    for (const Command &command : commands) {
+        if (name == QLatin1String(command.name))
+            return command.run(arguments);
+    }
+    throw mcusim::Refusal(name.isEmpty()
+                              ? QStringLiteral("expected a command; see mcusim --help")
+                              : "unknown command " + mcusim::excerpt(name) + "; see mcusim --help");
 }
 
 } // namespace
 
 int main(int argc, char **argv)
 {
-    VirtualClock *clock = VirtualClock::install();
-    QCoreApplication application(argc, argv);
-    QCoreApplication::setApplicationName(QStringLiteral("mcusim"));
-    QCoreApplication::setApplicationVersion(QStringLiteral(MCUSIM_VERSION));
-
-    QCommandLineParser parser;
-    parser.setApplicationDescription(description());
-    parser.addOption(mcusim::helpOption());
-    parser.addVersionOption();
-    parser.addPositionalArgument(QStringLiteral("command"), QStringLiteral("what to do"));
-    // What follows the command is the command's own.
-    parser.setOptionsAfterPositionalArgumentsMode(QCommandLineParser::ParseAsPositionalArguments);
-    if (!parser.parse(QCoreApplication::arguments()))
-        return mcusim::unusable(parser.errorText() + QStringLiteral("; see mcusim --help"));
-    if (parser.isSet(QStringLiteral("version")))
-        parser.showVersion();
-    if (parser.isSet(QStringLiteral("help")))
-        parser.showHelp(mcusim::Passed);
-
-    const QStringList arguments = parser.positionalArguments();
-    const QString name = arguments.value(0);
-    for (const Command &command : commands) {
-        if (name == QLatin1String(command.name))
-            return command.run(arguments, clock);
+    std::setlocale(LC_CTYPE, "");  // file names; numbers stay as everywhere
+    std::signal(SIGPIPE, SIG_IGN); // lost output has its own status
+    QStringList arguments;
+    for (int i = 1; i < argc; ++i)
+        arguments.append(QString::fromLocal8Bit(argv[i]));
+    try {
+        return mcusim::written(run(arguments));
+    } catch (const mcusim::Refusal &refusal) {
+        mcusim::complain(refusal.text());
+        return mcusim::Unusable;
     }
-    return mcusim::unusable(
-        name.isEmpty() ? QStringLiteral("expected a command; see mcusim --help")
-                       : QStringLiteral("unknown command \"%1\"; see mcusim --help").arg(name));
 }

@@ -1,201 +1,191 @@
-// mcusim station: single packets by name or by bytes, or a whole sequence with a verdict.
-#include "catalogue.h"
-#include "commands.h"
+// mcusim station: single packets by name or by bytes, or whole sequences with a verdict.
+#include "commandline.h"
+#include "process.h"
+#include "verdicts.h"
+
 #include "station.h"
+#include "substituteplatform.h"
+#include "values.h"
 
-#include "mcuservice.h"
-
-#include <QCommandLineParser>
 #include <QCoreApplication>
-#include <QFile>
 #include <QLoggingCategory>
-#include <QXmlStreamWriter>
 
-#include <cstdio>
-#include <fcntl.h>
-#include <unistd.h>
+#include <limits>
 
 namespace mcusim {
 
 namespace {
 
-/// Shows bytes and, where they are one packet, what they say.
-void printPacket(qint64 time, const char *sender, const QByteArray &bytes)
-{
-    StationPacket packet;
-    bool good = false;
-    const QString text = takeApart(bytes, &packet, &good)
-                             ? packet.text() + QLatin1String(good ? "" : "  BAD CHECKSUM")
-                             : QStringLiteral("(no single whole packet)");
-    std::printf("%9.3f  %-7s  %-36s  %s\n", double(time) / 1000, sender,
-                bytes.toHex(' ').toUpper().constData(), qUtf8Printable(text));
-}
+const CommandLine::Usage usage{
+    "station",
+    "SEQUENCE... | --send PACKET...",
+    "A factory test station.\n\n"
+    "  mcusim station SEQUENCE                       runs a test sequence; \"-\" is standard "
+    "input\n"
+    "  mcusim station --send 'read SOUND 02'         sends a packet by name\n"
+    "  mcusim station --send 'FF 55 02 21 01 DC'     sends bytes as they are",
+    {{"list", nullptr, "Show all types and DIDs by name."},
+     {"send", nullptr, "Send packets by name or chunks by bytes instead of a sequence."},
+     {"junit", "FILE", "Write the verdicts as JUnit XML."},
+     {"check", nullptr, "Only read the sequences."},
+     {"quiet", nullptr, "Show the verdicts alone."},
+     {"raw", nullptr, "Keep the library's raw lines on standard error."}}};
 
-void printSignal(qint64 time, const QString &name, const QVariantList &values)
-{
-    QStringList texts;
-    for (const QVariant &value : values)
-        texts.append(shown(value));
-    std::printf("%9.3f  %-7s  %s(%s)\n", double(time) / 1000, "  apps", qUtf8Printable(name),
-                qUtf8Printable(texts.join(QStringLiteral(", "))));
-}
+void put(const QString &line) { std::fputs((line + '\n').toUtf8().constData(), stdout); }
 
-/// The library writes its traffic raw to standard error, which would stand between the lines here.
-void silenceStandardError()
-{
-    const int nowhere = open("/dev/null", O_WRONLY | O_CLOEXEC);
-    dup2(nowhere, STDERR_FILENO);
-    close(nowhere);
-}
-
-bool writeJUnit(const QString &fileName, const StationSequence &sequence,
-                const QVector<StationResult> &results, int failed)
-{
-    QFile file(fileName);
-    if (!file.open(QIODevice::WriteOnly))
-        return false;
-    QXmlStreamWriter xml(&file);
-    xml.setAutoFormatting(true);
-    xml.writeStartDocument();
-    xml.writeStartElement(QStringLiteral("testsuite"));
-    xml.writeAttribute(QStringLiteral("name"), sequence.description);
-    xml.writeAttribute(QStringLiteral("tests"), QString::number(results.size()));
-    xml.writeAttribute(QStringLiteral("failures"), QString::number(failed));
-    for (int i = 0; i < results.size(); ++i) {
-        xml.writeStartElement(QStringLiteral("testcase"));
-        xml.writeAttribute(QStringLiteral("name"), sequence.tests[i].name);
-        xml.writeAttribute(QStringLiteral("classname"), QStringLiteral("station"));
-        xml.writeAttribute(QStringLiteral("time"),
-                           QString::number(double(results[i].duration) / 1000, 'f', 3));
-        for (const QString &fault : results[i].faults) {
-            xml.writeStartElement(QStringLiteral("failure"));
-            xml.writeAttribute(QStringLiteral("message"), fault);
-            xml.writeEndElement();
-        }
-        xml.writeEndElement();
+/// Shows packets in bytes and in words, and what applications receive.
+class Traffic : public Sink {
+public:
+    void hear(const Event &event) override
+    {
+        const QString &name = event.what->name;
+        const QString time = seconds(event.time).rightJustified(9);
+        if (name == QLatin1String("autoTestPkgChanged"))
+            put(time + "  station  " + packet(event, Sender::Station));
+        else if (name == QLatin1String("sendAutoTestPkgToMcu"))
+            put(time + "  unit     " + packet(event, Sender::Unit));
+        else if (event.what->kind == Kind::Signal &&
+                 name.startsWith(QLatin1String("AutoTestHandler.")))
+            put(time + "    apps   " + event.text().section('.', 1));
     }
-    xml.writeEndDocument();
-    return file.flush() && !xml.hasError();
-}
+
+private:
+    static QString packet(const Event &event, Sender sender)
+    {
+        const QByteArray bytes = event.values.last().toByteArray();
+        StationPacket packet;
+        bool good = false;
+        const bool isPacket = takeApart(bytes, &packet, &good);
+        return QString::fromLatin1(bytes.toHex(' ').toUpper()).leftJustified(36) + "  " +
+               (isPacket ? packet.text(sender) : QStringLiteral("(no single whole packet)")) +
+               (isPacket && !good ? "  BAD CHECKSUM" : "");
+    }
+};
+
+/// The factory station on the library, from start to end of a process.
+struct Bench {
+    explicit Bench(bool quiet)
+    {
+        if (!quiet)
+            simulation.addSink(&traffic);
+    }
+
+    int argc = 1;
+    char name[7] = "mcusim";
+    char *argv[2] = {name, nullptr};
+    substitute::VirtualClock *clock = substitute::VirtualClock::install();
+    QCoreApplication application{argc, argv};
+    SubstitutePlatform platform;
+    Catalogue names{platform};
+    VirtualTime time{clock, [](qint64) { return !wasInterrupted() && std::ferror(stdout) == 0; }};
+    Simulation simulation{names, platform, time};
+    Traffic traffic;
+};
 
 /// The packets of the command line as a test that expects nothing in particular.
-bool readPackets(const QStringList &texts, StationSequence *sequence, QString *error)
+int sendPackets(const QStringList &texts)
 {
     StationTest test;
     test.status = 1;
     for (const QString &text : texts) {
         QByteArray bytes;
-        StationPacket packet;
-        if (readHex(text, &bytes) && !bytes.isEmpty())
-            test.chunks.append(bytes);
-        else if (readPacket(text, &packet, error))
-            test.chunks.append(packet.bytes());
-        else
-            return false;
+        test.chunks.append(readHex(text, &bytes) && !bytes.isEmpty() ? bytes
+                                                                     : readPacket(text).bytes());
     }
-    sequence->tests.append(test);
-    return true;
+    Bench bench(false);
+    Station station(bench.simulation);
+    bench.simulation.start();
+    station.run(test);
+    return Passed;
 }
 
-int runSequence(const StationSequence &sequence, Station &station, const QString &junit)
+/// Reads a sequence to its end; a fault in it must not show when half of it has run.
+int check(SequenceFile &file)
 {
-    QVector<StationResult> results;
+    int tests = 0;
+    while (file.next())
+        ++tests;
+    return tests;
+}
+
+QVector<Verdict> checkSequence(const QString &path)
+{
+    SubstitutePlatform platform;
+    const Catalogue names(platform);
+    SequenceFile file(names, path);
+    const int tests = check(file);
+    put(path + ": " + QString::number(tests) + (tests == 1 ? " test" : " tests"));
+    return {};
+}
+
+/// The verdicts of a sequence; without `all` those of failed tests alone.
+QVector<Verdict> runSequence(const QString &path, bool quiet, bool all)
+{
+    Bench bench(quiet);
+    SequenceFile file(bench.names, path, [] { return !wasInterrupted(); });
+    if (file.file().isRegular()) {
+        check(file);
+        file.rewind();
+    } else {
+        std::setvbuf(stdout, nullptr, _IOLBF, 0); // each line when it comes
+    }
+    Station station(bench.simulation);
+    bench.simulation.start();
+    QVector<Verdict> verdicts;
+    int passed = 0;
     int failed = 0;
-    for (const StationTest &test : sequence.tests) {
-        results.append(station.run(test));
-        const QStringList &faults = results.last().faults;
-        failed += faults.isEmpty() ? 0 : 1;
-        std::printf("%s  %s\n", faults.isEmpty() ? "PASS" : "FAIL", qUtf8Printable(test.name));
-        for (const QString &fault : faults)
-            std::printf("      line %d: %s\n", test.line, qUtf8Printable(fault));
+    while (const std::optional<StationTest> test = file.next()) {
+        const StationResult result = station.run(*test);
+        if (wasInterrupted())
+            break;
+        const bool isGood = result.faults.isEmpty();
+        ++(isGood ? passed : failed);
+        put((isGood ? "PASS  " : "FAIL  ") + printable(test->name));
+        QStringList faults;
+        for (const QString &fault : result.faults) {
+            faults.append("line " + QString::number(test->line) + ": " + fault);
+            put("      " + faults.last());
+        }
+        if (all || !isGood)
+            verdicts.append({test->name, isGood ? Passed : Failed, result.duration, faults});
     }
-    std::printf("\n%s: %d passed, %d failed\n", qUtf8Printable(sequence.description),
-                results.size() - failed, failed);
-    if (!junit.isEmpty() && !writeJUnit(junit, sequence, results, failed)) {
-        std::printf("cannot write %s\n", qUtf8Printable(junit));
-        return Unusable;
-    }
-    return failed == 0 ? Passed : Failed;
+    put('\n' + printable(file.description()) + ": " + QString::number(passed) + " passed, " +
+        QString::number(failed) + " failed" + (wasInterrupted() ? ", interrupted" : ""));
+    return verdicts;
 }
 
 } // namespace
 
-int stationCommand(const QStringList &arguments, substitute::VirtualClock *clock)
+int stationCommand(const QStringList &arguments)
 {
-    const QCommandLineOption listOption(QStringLiteral("list"),
-                                        QStringLiteral("Show all types and DIDs by name."));
-    const QCommandLineOption sendOption(
-        QStringLiteral("send"),
-        QStringLiteral("Send packets by name or chunks by bytes instead of a sequence."));
-    const QCommandLineOption junitOption(QStringLiteral("junit"),
-                                         QStringLiteral("Write the verdicts as JUnit XML."),
-                                         QStringLiteral("FILE"));
-    const QCommandLineOption quietOption(QStringLiteral("quiet"),
-                                         QStringLiteral("Show the verdicts alone."));
-    const QCommandLineOption rawOption(
-        QStringLiteral("raw"), QStringLiteral("Keep the library's raw lines on standard error."));
-    QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QStringLiteral("A factory test station at the desk.\n\n"
-                       "  mcusim station SEQUENCE                       runs a test sequence\n"
-                       "  mcusim station --send 'read SOUND 02'         sends a packet by name\n"
-                       "  mcusim station --send 'FF 55 02 21 01 DC'     sends bytes as they are"));
-    parser.addOption(helpOption());
-    parser.addOptions({listOption, sendOption, junitOption, quietOption, rawOption});
-    parser.addPositionalArgument(QStringLiteral("station"), QString());
-    parser.addPositionalArgument(QStringLiteral("SEQUENCE"),
-                                 QStringLiteral("the sequence, or with --send the packets"));
-    if (!parser.parse(QStringList(QCoreApplication::applicationName()) + arguments))
-        return unusable(parser.errorText() + QStringLiteral("; see mcusim station --help"));
-    if (parser.isSet(QStringLiteral("help")))
-        parser.showHelp(Passed);
-    const QStringList values = parser.positionalArguments().mid(1);
-    if (parser.isSet(listOption)) {
-        for (const QString &line : didList())
-            std::printf("%s\n", qUtf8Printable(line));
-        return written(Passed);
-    }
-    const bool single = parser.isSet(sendOption);
-    if (values.isEmpty() || (!single && values.size() != 1))
-        return unusable(QStringLiteral("station expects one sequence, or --send and packets; "
-                                       "see mcusim station --help"));
-
-    StationSequence sequence;
-    QString error;
-    if (single) {
-        if (!readPackets(values, &sequence, &error))
-            return unusable(error);
-    } else {
-        QFile file(values.first());
-        if (!file.open(QIODevice::ReadOnly)) {
-            return unusable(
-                QStringLiteral("cannot read %1: %2").arg(file.fileName(), file.errorString()));
-        }
-        if (!readSequence(file.readAll(), &sequence, &error))
-            return unusable(QStringLiteral("%1: %2").arg(file.fileName(), error));
-    }
-
-    QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, false);
-    QLoggingCategory::defaultCategory()->setEnabled(QtCriticalMsg, parser.isSet(rawOption));
-    if (!parser.isSet(rawOption))
-        silenceStandardError();
-    const bool quiet = parser.isSet(quietOption);
-    Station station(
-        clock,
-        [quiet](qint64 time, Station::Sender sender, const QByteArray &bytes) {
-            if (!quiet)
-                printPacket(time, sender == Station::Sender::Station ? "station" : "unit", bytes);
-        },
-        [quiet](qint64 time, const QString &name, const QVariantList &signalValues) {
-            if (!quiet)
-                printSignal(time, name, signalValues);
-        });
-    mcu::McuService::instance()->init();
-    if (single) {
-        station.run(sequence.tests.first());
+    const CommandLine line(arguments, usage);
+    line.exclude({"list", "send", "check", "junit"});
+    line.exclude({"list", "quiet"});
+    line.exclude({"list", "raw"});
+    line.exclude({"check", "quiet"});
+    line.exclude({"check", "raw"});
+    line.exclude({"send", "quiet"});
+    if (line.isSet("list")) {
+        line.expectOperands(0, 0, "nothing beside --list");
+        for (const QString &did : didList())
+            put(did);
         return Passed;
     }
-    return runSequence(sequence, station, parser.value(junitOption));
+    line.expectOperands(1, std::numeric_limits<int>::max(), "a sequence, or --send and packets");
+    noteInterrupts();
+    if (line.isSet("check"))
+        return worst(runEach(line.operands(), checkSequence));
+    if (!line.isSet("raw"))
+        silenceLibrary();
+    QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, false);
+    if (line.isSet("send"))
+        return sendPackets(line.operands());
+    JUnitFile junit(line.value("junit"));
+    const QVector<Verdict> verdicts = runEach(line.operands(), [&line](const QString &path) {
+        return runSequence(path, line.isSet("quiet"), line.isSet("junit"));
+    });
+    junit.write(QStringLiteral("mcusim station"), verdicts);
+    return worst(verdicts);
 }
 
 } // namespace mcusim

@@ -1,63 +1,80 @@
 // mcusim updates: what the searches for update files find under a folder.
-#include "commands.h"
+#include "commandline.h"
+#include "process.h"
+
+#include "values.h"
 
 #include "debug.h"
 #include "updatefiles.h"
 
-#include <QCommandLineParser>
-#include <QCoreApplication>
-#include <QFileInfo>
+#include <QDir>
 #include <QLoggingCategory>
-
-#include <cstdio>
 
 namespace mcusim {
 
-int updatesCommand(const QStringList &arguments, substitute::VirtualClock *)
+namespace {
+
+// The searches look for texts in whole paths, and those in the folder's own path must not count: it
+// is made the current folder and searched by a path without a name of the user's.
+const QString media = QStringLiteral("/media");
+const QString current = QStringLiteral("/proc/self/cwd");
+
+/// The text that picks the same mounts under the current folder as the key does under /media.
+QString translated(const QString &key)
 {
-    const QCommandLineOption keyOption(
-        QStringLiteral("key"),
-        QStringLiteral("Text in the path of the media for the search of all media (/sd)."),
-        QStringLiteral("KEY"), QStringLiteral("/sd"));
-    QCommandLineParser parser;
-    parser.setApplicationDescription(
-        QStringLiteral("Shows which update files are found on the media under a folder that stands "
-                       "for /media."));
-    parser.addOption(helpOption());
-    parser.addOption(keyOption);
-    parser.addPositionalArgument(QStringLiteral("updates"), QString());
-    parser.addPositionalArgument(QStringLiteral("ROOT"), QStringLiteral("the folder"));
-    if (!parser.parse(QStringList(QCoreApplication::applicationName()) + arguments))
-        return unusable(parser.errorText() + QStringLiteral("; see mcusim updates --help"));
-    if (parser.isSet(QStringLiteral("help")))
-        parser.showHelp(Passed);
-    const QStringList roots = parser.positionalArguments().mid(1);
-    if (roots.size() != 1)
-        return unusable(QStringLiteral("updates expects one folder; see mcusim updates --help"));
-    const QString &root = roots.first();
-    if (!QFileInfo(root).isDir())
-        return unusable(QStringLiteral("%1 is no folder").arg(root));
+    QString text = key;
+    if ((media + '/').contains(key))
+        text = QLatin1String(""); // of all
+    else if (key.startsWith(media))
+        text.replace(0, media.size(), current);
+    for (const QString &mount : QDir(current).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+        if ((media + '/' + mount).contains(key) != (current + '/' + mount).contains(text))
+            throw Refusal("--key " + excerpt(key) + " is too short for media such as " +
+                          excerpt(mount));
+    }
+    return text;
+}
+
+void put(const char *search, QString found, const QString &root)
+{
+    if (found.startsWith(current))
+        found.replace(0, current.size(), root);
+    const QString line = "   " + QString::fromLatin1(search).leftJustified(14) +
+                         (found.isEmpty() ? "-" : found) + '\n';
+    std::fputs(line.toLocal8Bit().constData(), stdout);
+}
+
+} // namespace
+
+int updatesCommand(const QStringList &arguments)
+{
+    const CommandLine line(
+        arguments,
+        {"updates",
+         "ROOT",
+         "Shows which update files are found on the media under a folder that stands for /media.",
+         {{"key", "KEY", "Text in the path of the media for the search of all media (/sd)."}}});
+    line.expectOperands(1, 1, "one folder");
+    const QString root = QDir(line.operands().first()).absolutePath();
+    if (!QDir::setCurrent(root))
+        throw Refusal("cannot read " + root + ": " + qt_error_string());
+    const QString key = translated(line.isSet("key") ? line.value("key") : QStringLiteral("/sd"));
 
     QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, false);
-    const auto show = [](const QString &found) {
-        return found.isEmpty() ? QByteArray("-") : found.toLocal8Bit();
-    };
     constexpr int images = 7;
     constexpr int firstMediumAlone = 6; // the value that the search of all media does not know
     for (int file = 0; file < images; ++file) {
         const updatefiles::Image image = updatefiles::imageOf(file);
         std::printf("%d  %s %s\n", file, image.folder, image.name);
-        std::printf("   first medium  %s\n",
-                    show(updatefiles::findOnFirstMount(root, image.folder, image.name, CALL_SITE))
-                        .constData());
-        std::printf("   all media     %s\n",
-                    file == firstMediumAlone
-                        ? "-"
-                        : show(updatefiles::findOnAllMounts(root, image.folder, image.name,
-                                                            parser.value(keyOption), false))
-                              .constData());
+        put("first medium",
+            updatefiles::findOnFirstMount(current, image.folder, image.name, CALL_SITE), root);
+        put("all media",
+            file == firstMediumAlone
+                ? QString()
+                : updatefiles::findOnAllMounts(current, image.folder, image.name, key, false),
+            root);
     }
-    return written(Passed);
+    return Passed;
 }
 
 } // namespace mcusim

@@ -1,0 +1,206 @@
+#include "judge.h"
+
+#include "catalogue.h"
+#include "values.h"
+
+#include <QHash>
+
+#include <string_view>
+
+namespace mcusim {
+
+namespace {
+
+constexpr std::size_t shownFaults = 20;
+constexpr std::size_t keptOutputs = 1000;
+
+quint64 fingerprint(const QVariant &value)
+{
+    const auto hash = [](const void *data, int size) {
+        return std::hash<std::string_view>()({static_cast<const char *>(data), std::size_t(size)});
+    };
+    switch (value.userType()) {
+    case QMetaType::QString: {
+        const QString text = value.toString();
+        return hash(text.constData(), text.size() * int(sizeof(QChar)));
+    }
+    case QMetaType::QByteArray: {
+        const QByteArray bytes = value.toByteArray();
+        return hash(bytes.constData(), bytes.size());
+    }
+    case QMetaType::QVariantList: {
+        quint64 print = 0;
+        for (const QVariant &item : value.toList())
+            print = print * 31 + fingerprint(item);
+        return print;
+    }
+    default:
+        return quint64(value.toLongLong());
+    }
+}
+
+/// Equal for events that are the same, and in practice for no others.
+quint64 fingerprint(const Event &event)
+{
+    quint64 print = quint64(reinterpret_cast<quintptr>(event.what));
+    for (const QVariant &value : event.values) {
+        print ^= fingerprint(value) + quint64(value.userType());
+        print *= 0x9e3779b97f4a7c15;
+        print ^= print >> 32;
+    }
+    return print;
+}
+
+QString text(const Event &event) { return event.text() + " at " + seconds(event.time); }
+
+} // namespace
+
+void Judge::expect(const Event &event)
+{
+    if (!m_isRecording) {
+        moveTo(event.time);
+        m_expected.push_back(event);
+        match();
+    } else if (m_failed == 0) {
+        std::optional<Event> came;
+        if (!m_unrecorded.empty())
+            came = m_unrecorded.front();
+        if (!came || came->time != event.time || !came->sameAs(event))
+            return addFault(event, came);
+        m_unrecorded.pop_front();
+        m_lastMet = event.line;
+        ++m_met;
+    }
+}
+
+void Judge::hear(const Event &event)
+{
+    if (event.isInput()) {
+        // In a recording all that came before an input stands before it.
+        if (!m_unrecorded.empty() && m_failed == 0)
+            addFault({}, m_unrecorded.front());
+        return;
+    }
+    if (!m_isRecording) {
+        moveTo(event.time);
+        m_came.push_back(fingerprint(event));
+        match();
+    } else if (m_failed == 0) {
+        m_unrecorded.push_back(event);
+    }
+    for (Fault &fault : m_faults) {
+        if (m_isRecording && !fault.received)
+            fault.received = event;
+        compare(fault, event);
+    }
+    m_recent.push_back(event);
+    if (m_recent.size() > keptOutputs)
+        m_recent.pop_front();
+}
+
+void Judge::finish(bool mayBeCut)
+{
+    closeMoment();
+    if (m_unrecorded.empty() || m_failed > 0)
+        return;
+    m_isSurplus = mayBeCut;
+    if (!mayBeCut)
+        addFault({}, m_unrecorded.front());
+}
+
+QStringList Judge::faults() const
+{
+    QStringList lines;
+    for (const Fault &fault : m_faults) {
+        const QString received = fault.received ? text(*fault.received) : QStringLiteral("nothing");
+        QString line = "after line " + QString::number(m_lastMet) + ": received " + received +
+                       ", which is not recorded there";
+        if (fault.expected.what) {
+            line = "line " + QString::number(fault.expected.line) + ": expected " +
+                   text(fault.expected) + ", received " + received;
+        }
+        if (fault.nearest && fault.nearest->time == fault.expected.time)
+            line += QLatin1String("; it came, but not in this place");
+        else if (fault.nearest)
+            line += "; nearest at " + seconds(fault.nearest->time);
+        lines.append(line);
+    }
+    if (m_failed > qint64(m_faults.size()))
+        lines.append("and " + QString::number(m_failed - qint64(m_faults.size())) + " more");
+    return lines;
+}
+
+void Judge::moveTo(qint64 moment)
+{
+    if (moment == m_moment)
+        return;
+    closeMoment();
+    m_moment = moment;
+}
+
+/// Meets what is expected with what has come, as far as it has.
+void Judge::match()
+{
+    while (!m_expected.empty()) {
+        const quint64 wanted = fingerprint(m_expected.front());
+        while (m_searched < m_came.size() && m_came[m_searched] != wanted)
+            ++m_searched;
+        if (m_searched == m_came.size())
+            return; // it may still come
+        m_used = ++m_searched;
+        m_expected.pop_front();
+        ++m_met;
+    }
+}
+
+void Judge::closeMoment()
+{
+    // Counted once, so that the missing lines of a crowded moment do not each search it.
+    QHash<quint64, int> left;
+    for (std::size_t i = m_used; i < m_came.size() && !m_expected.empty(); ++i)
+        ++left[m_came[i]];
+    for (const Event &event : m_expected) {
+        const quint64 wanted = fingerprint(event);
+        if (left.value(wanted) == 0) {
+            addFault(event, {});
+            continue;
+        }
+        quint64 used = 0;
+        do {
+            used = m_came[m_used++];
+            --left[used];
+        } while (used != wanted);
+        ++m_met;
+    }
+    m_expected.clear();
+    m_came.clear();
+    m_used = m_searched = 0;
+}
+
+void Judge::addFault(const Event &expected, const std::optional<Event> &received)
+{
+    ++m_failed;
+    if (m_faults.size() == shownFaults)
+        return;
+    m_faults.push_back({expected, received, {}});
+    for (const Event &output : m_recent)
+        compare(m_faults.back(), output);
+}
+
+/// Notes what comes closest to what was expected.
+void Judge::compare(Fault &fault, const Event &output) const
+{
+    const Event &expected = fault.expected;
+    if (!expected.what)
+        return;
+    const auto away = [&expected](const Event &event) { return qAbs(event.time - expected.time); };
+    if (!output.sameAs(expected)) {
+        if (!m_isRecording && !fault.received && away(output) == 0 &&
+            output.what->name == expected.what->name)
+            fault.received = output;
+    } else if (!fault.nearest || away(output) < away(*fault.nearest)) {
+        fault.nearest = output;
+    }
+}
+
+} // namespace mcusim

@@ -1,0 +1,36 @@
+// What of a simulation belongs to the platform under the library: how its link reports, who hears
+// its commands, what can be set on it. All else goes through meta-objects and works on any link.
+#pragma once
+
+#include "event.h"
+#include "operations.h"
+
+#include <QMetaMethod>
+
+#include <functional>
+
+namespace mcusim {
+
+/// A platform with a link of which nothing but the public class is known.
+class Platform {
+public:
+    /// Something that can be set or called there, by name.
+    struct Entry {
+        QString name;
+        QVector<Parameter> parameters;
+        std::function<void(const QVariantList &values)> set; ///< null for a call
+    };
+    using Listener =
+        std::function<void(Kind kind, const QString &name, const QVariantList &values)>;
+
+    virtual ~Platform() = default;
+
+    virtual QVector<Entry> settings() const { return {}; }
+    virtual QVector<Entry> calls() const { return {}; }
+    /// Tells of every link command and platform call from now on; null ends it.
+    virtual void listen(Listener) {}
+    /// Emits a signal of the link, from whichever thread the platform does it.
+    virtual void report(const QMetaMethod &signal, QVariantList values);
+};
+
+} // namespace mcusim

@@ -1,0 +1,83 @@
+#include "printer.h"
+
+#include "values.h"
+
+namespace mcusim {
+
+namespace {
+
+constexpr int narrowest = 40;
+const QString more = QStringLiteral(" ...");
+constexpr char unchanged[] = "90";
+
+/// East Asian letters take two columns.
+int columns(const QString &text)
+{
+    return text.size() + int(std::count_if(text.begin(), text.end(),
+                                           [](QChar c) { return c.unicode() >= 0x1100; }));
+}
+
+} // namespace
+
+void Printer::hear(const Event &event)
+{
+    constexpr int timeWidth = 9;
+    constexpr int markWidth = 6;
+    const KindInfo &kind = info(event.what->kind);
+    const QString head = seconds(event.time).rightJustified(timeWidth) + ' ' +
+                         QString::fromLatin1(kind.mark).leftJustified(markWidth);
+
+    QStringList changed;
+    QStringList others;
+    QVector<QString> &last = m_last[event.what];
+    const QVector<Field> all = fields(event);
+    const bool known = last.size() == all.size();
+    last.resize(all.size());
+    for (int i = 0; i < all.size(); ++i) {
+        const QString text = (all[i].name.isEmpty() ? "" : all[i].name + '=') + all[i].value;
+        (known && last[i] == all[i].value ? others : changed).append(text);
+        last[i] = all[i].value;
+    }
+
+    QString line = head + painted(event.what->name, kind.colour);
+    int room = std::max(m_look.width, narrowest) - columns(head + event.what->name);
+    const QStringList texts = changed + others;
+    for (int i = 0; i < texts.size(); ++i) {
+        const bool isLast = i == texts.size() - 1;
+        const int needed = columns(texts[i]) + (isLast ? 1 : 1 + more.size());
+        if (m_look.width > 0 && needed > room) {
+            m_wasCut = true;
+            // Of a first value that is too long its beginning.
+            line += i > 0 ? more : ' ' + texts[i].left(std::max(0, room - 1 - more.size())) + more;
+            break;
+        }
+        line += ' ' + painted(texts[i], i < changed.size() ? nullptr : unchanged);
+        room -= 1 + columns(texts[i]);
+    }
+    std::fputs((line + '\n').toUtf8().constData(), m_stream);
+}
+
+void Printer::print(const QString &text, int indent, const char *colour)
+{
+    const auto put = [&](const QString &line) {
+        std::fputs((painted(line, colour) + '\n').toUtf8().constData(), m_stream);
+    };
+    QString line = text;
+    const int width = std::max(m_look.width, narrowest);
+    while (m_look.width > 0 && columns(line) > width) {
+        const int blank = line.lastIndexOf(' ', width);
+        const int cut = blank > indent ? blank : width;
+        put(line.left(cut));
+        line = QString(indent, ' ') + line.mid(cut).trimmed();
+    }
+    put(line);
+}
+
+QString Printer::painted(const QString &text, const char *colour) const
+{
+    if (!m_look.colour || !colour)
+        return text;
+    return QStringLiteral("\033[") + colour + 'm' + text + "\033[0m";
+}
+
+} // namespace mcusim

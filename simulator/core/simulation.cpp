@@ -1,0 +1,70 @@
+#include "simulation.h"
+
+#include "mcuservice.h"
+#include "values.h"
+
+namespace mcusim {
+
+Simulation::Simulation(const Catalogue &names, Platform &platform, Clock &clock)
+    : m_names(names), m_platform(platform), m_clock(clock)
+{
+}
+
+Simulation::~Simulation() { m_platform.listen({}); }
+
+void Simulation::start()
+{
+    m_platform.listen([this](Kind kind, const QString &name, const QVariantList &values) {
+        tell(kind, name, values);
+    });
+    mcu::McuService::instance()->init();
+    // Only now, as applications do: the manager has a command for the link when it is made.
+    for (const ApplicationObject &object : applicationObjects())
+        tap(object);
+}
+
+void Simulation::tap(const ApplicationObject &object)
+{
+    QVector<const Signature *> signatures(object.metaObject->methodCount());
+    for (const Signature &signature : m_names.all()) {
+        if (signature.method.enclosingMetaObject() == object.metaObject)
+            signatures[signature.method.methodIndex()] = &signature;
+    }
+    m_taps.push_back(std::make_unique<substitute::SignalTap>(
+        object.instance(),
+        [this, signatures](const QMetaMethod &signal, const QVariantList &values) {
+            tell(signatures[signal.methodIndex()], values);
+        }));
+}
+
+QString Simulation::play(const Event &input)
+{
+    if (!input.isInput())
+        return info(input.what->kind).title + QStringLiteral(" cannot be played: it comes out");
+    if (!input.what->takes(input.values))
+        return input.what->text() + " cannot take " + QString::fromUtf8(writtenValue(input.values));
+    tell(input.what, input.values);
+    ++m_playing;
+    const QVariant result = input.what->play(input.values);
+    if (input.what->answer)
+        tell(input.what->answer, {result});
+    // What a sink plays from inside another input is part of that.
+    if (--m_playing == 0)
+        m_clock.settle();
+    return {};
+}
+
+void Simulation::tell(const Signature *what, const QVariantList &values)
+{
+    const Event event{m_clock.now(), what, values, 0};
+    for (Sink *sink : m_sinks)
+        sink->hear(event);
+}
+
+void Simulation::tell(Kind kind, const QString &name, const QVariantList &values)
+{
+    if (const Signature *what = m_names.find(kind, name, values))
+        tell(what, values);
+}
+
+} // namespace mcusim

@@ -1,0 +1,192 @@
+// JSON has one kind of number; which type is meant says the parameter.
+#include "values.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+
+#include <cmath>
+#include <limits>
+
+namespace mcusim {
+
+namespace {
+
+constexpr int longestExcerpt = 60;
+
+/// A JSON number as an int, or invalid.
+QVariant asInt(const QJsonValue &value)
+{
+    const double number = value.toDouble(std::nan(""));
+    const bool isInt = number >= std::numeric_limits<int>::min() &&
+                       number <= std::numeric_limits<int>::max() && std::trunc(number) == number;
+    return isInt ? QVariant(int(number)) : QVariant();
+}
+
+/// "0x0aff" as bytes, or invalid.
+QVariant asBytes(const QJsonValue &value)
+{
+    const QString text = value.toString();
+    QByteArray bytes;
+    const bool isBytes = text.startsWith(QLatin1String("0x")) && !text.contains(QLatin1Char(' ')) &&
+                         readHex(text, &bytes);
+    return isBytes ? QVariant(bytes) : QVariant();
+}
+
+/// A list of ints, or invalid.
+QVariant asInts(const QJsonValue &value, int length)
+{
+    QVariantList ints;
+    for (const auto &item : value.toArray())
+        ints.append(asInt(item));
+    const bool isInts =
+        value.isArray() && !ints.contains(QVariant()) && (length == 0 || ints.size() == length);
+    return isInts ? QVariant(ints) : QVariant();
+}
+
+/// A text that every reader gets back as it was written, or invalid.
+QVariant asText(const QJsonValue &value)
+{
+    const QString text = value.toString();
+    return value.isString() && text.isValidUtf16() ? QVariant(text) : QVariant();
+}
+
+QByteArray written(const QJsonValue &value)
+{
+    return QJsonDocument(QJsonArray{value}).toJson(QJsonDocument::Compact).mid(1).chopped(1);
+}
+
+void append(QByteArray &line, const QVariant &value)
+{
+    switch (value.userType()) {
+    case QMetaType::Int:
+        line += QByteArray::number(value.toInt());
+        break;
+    case QMetaType::Bool:
+        line += value.toBool() ? "true" : "false";
+        break;
+    case QMetaType::QByteArray:
+        line += "\"0x" + value.toByteArray().toHex() + '"';
+        break;
+    default:
+        line += written(QJsonValue::fromVariant(value));
+    }
+}
+
+} // namespace
+
+QVariant fitted(const QJsonValue &value, const Parameter &parameter)
+{
+    switch (parameter.type) {
+    case QMetaType::Int:
+        return asInt(value);
+    case QMetaType::Bool:
+        return value.isBool() ? QVariant(value.toBool()) : QVariant();
+    case QMetaType::QString:
+        return asText(value);
+    case QMetaType::QByteArray:
+        return asBytes(value);
+    case QMetaType::QVariantList:
+        return asInts(value, parameter.length);
+    case QMetaType::QVariant: // of any type, in the one it is written in
+        return value.isDouble() ? asInt(value) : value.isBool() ? value.toBool() : asText(value);
+    default:
+        return {};
+    }
+}
+
+bool fits(const QVariant &value, const Parameter &parameter)
+{
+    return value.isValid() &&
+           (parameter.type == QMetaType::QVariant || value.userType() == parameter.type) &&
+           (parameter.length == 0 || value.toList().size() == parameter.length);
+}
+
+QString typeName(const Parameter &parameter)
+{
+    return parameter.type == QMetaType::QVariantList
+               ? QStringLiteral("int[]")
+               : QString::fromLatin1(QMetaType::typeName(parameter.type));
+}
+
+QString described(const Parameter &parameter)
+{
+    return (typeName(parameter) + ' ' + parameter.name).trimmed();
+}
+
+QByteArray writtenValue(const QVariantList &arguments)
+{
+    QByteArray text;
+    if (arguments.isEmpty())
+        return text;
+    // An only argument that is an array itself would be taken for several.
+    const bool alone =
+        arguments.size() == 1 && arguments.first().userType() != QMetaType::QVariantList;
+    for (const QVariant &argument : arguments) {
+        text += text.isEmpty() ? (alone ? "" : "[") : ",";
+        append(text, argument);
+    }
+    return alone ? text : text + ']';
+}
+
+QString shown(const QVariant &value)
+{
+    if (value.userType() == QMetaType::QString)
+        return quoted(value.toString());
+    QByteArray text;
+    append(text, value);
+    text.replace('"', "");
+    return QString::fromLatin1(text);
+}
+
+QString printable(const QString &text)
+{
+    QString safe;
+    for (const QChar c : text) {
+        if (c.isPrint() || c.isSurrogate())
+            safe += c;
+        else
+            safe += QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
+    }
+    return safe;
+}
+
+QString quoted(const QString &text)
+{
+    QString marked = text;
+    marked.replace('\\', QLatin1String("\\\\")).replace('"', QLatin1String("\\\""));
+    return '"' + printable(marked) + '"';
+}
+
+QString excerpt(const QString &text)
+{
+    return text.size() <= longestExcerpt ? quoted(text) : quoted(text.left(longestExcerpt)) + "...";
+}
+
+QString excerpt(const QJsonValue &value)
+{
+    if (value.isString())
+        return excerpt(value.toString());
+    const QString text = QString::fromUtf8(written(value));
+    return printable(text.left(longestExcerpt)) + (text.size() <= longestExcerpt ? "" : "...");
+}
+
+QString seconds(qint64 milliseconds)
+{
+    return QString::number(double(milliseconds) / 1000, 'f', 3);
+}
+
+bool readHex(const QString &text, QByteArray *bytes)
+{
+    bytes->clear();
+    for (const QString &word : text.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
+        const QByteArray digits =
+            (word.startsWith(QLatin1String("0x")) ? word.mid(2) : word).toLatin1().toLower();
+        const QByteArray part = QByteArray::fromHex(digits);
+        if (digits.isEmpty() || part.toHex() != digits)
+            return false;
+        *bytes += part;
+    }
+    return true;
+}
+
+} // namespace mcusim

@@ -1,0 +1,69 @@
+#include "process.h"
+
+#include <QLoggingCategory>
+
+#include <csignal>
+
+#include <sys/ioctl.h>
+#include <unistd.h>
+
+namespace mcusim {
+
+namespace {
+
+std::FILE *const originalError = stderr;
+volatile std::sig_atomic_t interrupts = 0;
+
+extern "C" void noteInterrupt(int) { interrupts = 1; }
+
+} // namespace
+
+std::FILE *console() { return originalError; }
+
+void complain(const QString &why)
+{
+    std::fputs(("mcusim: " + why + '\n').toUtf8().constData(), console());
+}
+
+int written(int status)
+{
+    if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0)
+        return status;
+    complain(QStringLiteral("cannot write standard output"));
+    return Unusable;
+}
+
+void silenceLibrary()
+{
+    // The stream, not the descriptor: a sanitizer's report still comes through.
+    static std::FILE *const nowhere = std::fopen("/dev/null", "we");
+    if (nowhere)
+        stderr = nowhere;
+    QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, false);
+}
+
+void noteInterrupts()
+{
+    struct sigaction action {};
+    action.sa_handler = noteInterrupt;
+    action.sa_flags = int(SA_RESETHAND); // and no restart: waiting must end
+    for (const int signal : {SIGINT, SIGTERM, SIGHUP})
+        sigaction(signal, &action, nullptr);
+}
+
+bool wasInterrupted() { return interrupts != 0; }
+
+int terminalWidth(std::FILE *stream)
+{
+    winsize size{};
+    if (ioctl(fileno(stream), TIOCGWINSZ, &size) == 0 && size.ws_col > 0)
+        return size.ws_col;
+    return qEnvironmentVariableIntValue("COLUMNS");
+}
+
+bool showsColour(std::FILE *stream)
+{
+    return isatty(fileno(stream)) && qEnvironmentVariableIsEmpty("NO_COLOR");
+}
+
+} // namespace mcusim

@@ -1,0 +1,40 @@
+// mcusim records: keeps the tables of the vehicle records in a page those of the library.
+#include "commandline.h"
+#include "process.h"
+#include "recordtables.h"
+
+#include <QFile>
+#include <QSaveFile>
+
+namespace mcusim {
+
+int recordsCommand(const QStringList &arguments)
+{
+    const CommandLine line(
+        arguments, {"records",
+                    "PAGE",
+                    "Writes the tables of the vehicle records anew, between the marks of a "
+                    "page such as docs/vehicle-records.md.",
+                    {{"check", nullptr, "Only say whether they are those of the library."}}});
+    line.expectOperands(1, 1, "one page");
+    const QString path = line.operands().first();
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly))
+        throw Refusal("cannot read " + path + ": " + file.errorString());
+    const QByteArray page = file.readAll();
+    const QByteArray updated = updatedPage(QString::fromUtf8(page)).toUtf8();
+    if (updated == page)
+        return Passed;
+    if (line.isSet("check")) {
+        complain(path + ": the tables are not those of the library; mcusim records " + path +
+                 " writes them");
+        return Failed;
+    }
+    QSaveFile target(path);
+    if (!target.open(QIODevice::WriteOnly) || target.write(updated) != updated.size() ||
+        !target.commit())
+        throw Refusal("cannot write " + path + ": " + target.errorString());
+    return Passed;
+}
+
+} // namespace mcusim

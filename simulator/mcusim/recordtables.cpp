@@ -1,0 +1,115 @@
+#include "recordtables.h"
+
+#include "catalogue.h"
+#include "recordcatalog.h"
+#include "refusal.h"
+
+#include <QJsonArray>
+
+namespace mcusim {
+
+namespace {
+
+using mcu::Readiness;
+using mcu::RecordDescription;
+
+QString text(const char *latin1) { return QString::fromLatin1(latin1); }
+
+QString getterText(const RecordDescription &record)
+{
+    if (!record.getter)
+        return QStringLiteral("none for the record");
+    return '`' + text(record.getter) + "()`; " + QString::number(record.size()) +
+           " zero bytes before the first report";
+}
+
+QString readinessText(const Readiness &readiness)
+{
+    if (readiness.set == Readiness::None)
+        return QStringLiteral("none, `CANDataReady()` does not wait for it");
+    const auto hex = [&readiness](int digits) {
+        return QStringLiteral("0x%1").arg(readiness.bit, digits, 16, QLatin1Char('0'));
+    };
+    return readiness.set == Readiness::Car ? "car set, bit " + hex(2) + " of `getCANDataSignal()`"
+                                           : "truck set, bit " + hex(0);
+}
+
+QString limitText(mcu::RateLimit limit)
+{
+    if (limit == mcu::RateLimit::None)
+        return QStringLiteral("none");
+    return limit == mcu::RateLimit::Hu
+               ? QStringLiteral("yes, a hold of 4 ticks that reports do not extend")
+               : QStringLiteral("yes, a hold of 6 ticks that each report restarts");
+}
+
+} // namespace
+
+const RecordDescription *recordOf(const Signature &signature)
+{
+    for (const RecordDescription *record : mcu::recordCatalog) {
+        if (signature.name == text(record->linkSignal) ||
+            (signature.className() == QLatin1String("McuService") &&
+             (signature.shortName() == text(record->signal) ||
+              signature.shortName() == text(record->getter))))
+            return record;
+    }
+    return nullptr;
+}
+
+QString recordSection(const RecordDescription &record)
+{
+    QString section = "### " + text(record.title) + "\n\n- Signal: `" + text(record.signal) +
+                      "(QByteArray)`, " + QString::number(record.size()) +
+                      " bytes\n- Getter: " + getterText(record) +
+                      "\n- Readiness: " + readinessText(record.readiness) +
+                      "\n- Rate limit: " + limitText(record.rateLimit) + "\n- In scenarios: `" +
+                      text(record.linkSignal) + "`\n\n| Offset | Bits | Field |\n|---|---|---|\n";
+    std::size_t offset = 0;
+    for (const mcu::Field &field : record.fields) {
+        const QString name =
+            field.isGap() ? QStringLiteral("gap, always 0") : '`' + text(field.name) + '`';
+        if (field.width > 0)
+            section += "| " + QString::number(offset) + " | " + QString::number(8 * field.width) +
+                       " | " + name + " |\n";
+        offset += field.width;
+    }
+    return section;
+}
+
+QJsonObject recordJson(const RecordDescription &record)
+{
+    QJsonArray fields;
+    int offset = 0;
+    for (const mcu::Field &field : record.fields) {
+        if (!field.isGap())
+            fields.append(QJsonObject{{QStringLiteral("name"), text(field.name)},
+                                      {QStringLiteral("offset"), offset},
+                                      {QStringLiteral("bits"), int(8 * field.width)}});
+        offset += int(field.width);
+    }
+    QJsonObject object{{QStringLiteral("title"), text(record.title)},
+                       {QStringLiteral("report"), text(record.linkSignal)},
+                       {QStringLiteral("signal"), "McuService." + text(record.signal)},
+                       {QStringLiteral("bytes"), int(record.size())},
+                       {QStringLiteral("fields"), fields}};
+    if (record.getter)
+        object.insert(QStringLiteral("getter"), "McuService." + text(record.getter));
+    return object;
+}
+
+QString updatedPage(const QString &page)
+{
+    QString updated = page;
+    for (const RecordDescription *record : mcu::recordCatalog) {
+        const QString mark = "<!-- record " + text(record->signal) + " -->\n";
+        const int begin = updated.indexOf(mark) + mark.size();
+        const int length = updated.indexOf(QStringLiteral("<!-- end -->\n"), begin) - begin;
+        if (updated.count(mark) != 1 || length < 0)
+            throw Refusal("expected \"" + mark.trimmed() + "\" once, and an end mark after it");
+        updated.replace(begin, length, recordSection(*record));
+    }
+    return updated;
+}
+
+} // namespace mcusim
