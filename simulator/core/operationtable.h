@@ -69,12 +69,20 @@ int resultType()
         return qMetaTypeId<typename WrittenAs<Result>::Type>();
 }
 
-template <typename Object, typename Method, typename Result, typename... Arguments,
-          std::size_t... I>
-Operation makeOperation(const char *className, const char *name, Method method,
-                        const char *const *names, std::index_sequence<I...>)
+/// How many names a text such as "mute, type" has.
+constexpr int countNames(const char *names)
 {
-    Q_UNUSED(names)
+    int count = *names == '\0' ? 0 : 1;
+    for (; *names != '\0'; ++names)
+        count += *names == ',' ? 1 : 0;
+    return count;
+}
+
+template <typename Object, typename Result, typename... Arguments, typename Method,
+          std::size_t... I>
+Operation makeOperation(const char *name, Method method, const char *names,
+                        std::index_sequence<I...>)
+{
     const auto call = [method](QObject *object, const QVariantList &arguments) {
         Q_UNUSED(arguments)
         auto *target = object ? static_cast<Object *>(object) : Object::instance();
@@ -89,47 +97,39 @@ Operation makeOperation(const char *className, const char *name, Method method,
             return QVariant::fromValue<typename WrittenAs<Result>::Type>(run());
         }
     };
-    QVector<Parameter> parameters{{qMetaTypeId<typename WrittenAs<Arguments>::Type>(),
-                                   QString::fromLatin1(names[I]), WrittenAs<Arguments>::length}...};
-    return {QStringLiteral("%1.%2").arg(QLatin1String(className), QLatin1String(name)), parameters,
-            resultType<Result>(), call};
+    const QStringList given = QString::fromLatin1(names).split(QStringLiteral(", "));
+    const QString className = QString::fromLatin1(Object::staticMetaObject.className());
+    return {className.section(QStringLiteral("::"), -1) + '.' + name,
+            {{qMetaTypeId<typename WrittenAs<Arguments>::Type>(), given[int(I)],
+              WrittenAs<Arguments>::length}...},
+            resultType<Result>(),
+            call};
 }
 
-/// Collects the operations of one class.
-template <typename Object>
-class Class {
-public:
-    Class(const char *name, QVector<Operation> &table) : m_name(name), m_table(table) {}
+/// An operation of a class, with as many names as it has parameters.
+template <int Names, typename Object, typename Result, typename... Arguments>
+Operation operation(const char *name, Result (Object::*method)(Arguments...), const char *names)
+{
+    static_assert(Names == sizeof...(Arguments), "a name for each parameter");
+    return makeOperation<Object, Result, Arguments...>(name, method, names,
+                                                       std::index_sequence_for<Arguments...>());
+}
 
-    template <typename Result, typename... Arguments, std::size_t N>
-    Class &operator()(const char *name, Result (Object::*method)(Arguments...),
-                      const char *const (&names)[N])
-    {
-        static_assert(N == sizeof...(Arguments), "a name for each parameter");
-        m_table.append(makeOperation<Object, decltype(method), Result, Arguments...>(
-            m_name, name, method, names, std::index_sequence_for<Arguments...>()));
-        return *this;
-    }
+template <int Names, typename Object, typename Result>
+Operation operation(const char *name, Result (Object::*method)() const, const char *names)
+{
+    static_assert(Names == 0, "a name for each parameter");
+    return makeOperation<Object, Result>(name, method, names, std::index_sequence<>());
+}
 
-    template <typename Result>
-    Class &operator()(const char *name, Result (Object::*method)())
-    {
-        m_table.append(makeOperation<Object, decltype(method), Result>(
-            m_name, name, method, nullptr, std::index_sequence<>()));
-        return *this;
-    }
+/// One of several operations of a name, by the types of its result and its parameters.
+template <typename Object, typename Result, typename... Arguments>
+Operation overload(const char *name, Result (Object::*method)(Arguments...), const char *names)
+{
+    return operation<sizeof...(Arguments)>(name, method, names);
+}
 
-    template <typename Result>
-    Class &operator()(const char *name, Result (Object::*method)() const)
-    {
-        m_table.append(makeOperation<Object, decltype(method), Result>(
-            m_name, name, method, nullptr, std::index_sequence<>()));
-        return *this;
-    }
-
-private:
-    const char *m_name;
-    QVector<Operation> &m_table;
-};
+/// What applications call on the class named Object: the operation and the names of its parameters.
+#define CALL(name, names) operation<countNames(names)>(#name, &Object::name, names)
 
 } // namespace mcusim
