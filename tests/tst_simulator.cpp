@@ -57,15 +57,24 @@ const Catalogue &names()
     return catalogue;
 }
 
+/// With another folder for temporary files.
+QProcessEnvironment withTmp(const QString &folder)
+{
+    QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+    environment.insert("TMPDIR", folder);
+    return environment;
+}
+
 struct Run {
     int status; ///< -1 when it did not come to an end of its own
     QByteArray output;
     QByteArray errors;
 };
 
-Run run(const QStringList &arguments, const QByteArray &input = {})
+Run run(const QStringList &arguments, const QByteArray &input = {}, const char *tmp = "/tmp")
 {
     QProcess process;
+    process.setProcessEnvironment(withTmp(tmp));
     process.setWorkingDirectory(SIMULATOR);
     process.start(MCUSIM, arguments);
     process.write(input);
@@ -307,14 +316,16 @@ private Q_SLOTS:
         const QString folder = m_folder.filePath("tmp");
         QVERIFY(QDir().mkpath(folder));
         QProcess process;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
-        environment.insert("TMPDIR", folder);
-        process.setProcessEnvironment(environment);
+        process.setProcessEnvironment(withTmp(folder));
         process.start(MCUSIM, {"play", "-"});
-        process.write(metadata + R"({"timestamp":0,"call":"AutoTestHandler.start"}
-{"timestamp":0,"name":"autoTestPkgChanged","value":"0xff55052ef701000005"}
-{"timestamp":0,"name":"stwAdcValue","value":7}
-)");
+        const QByteArray settings = metadata + R"({"timestamp":0,"call":"AutoTestHandler.start"}
+{"timestamp":0,"name":"autoTestPkgChanged","value":"0xff55052ef7010101d3"}
+{"timestamp":0,"name":"autoTestPkgChanged","value":"0xff55052ef7010101d3"}
+)";
+        // What could not be written is not read back: it is set a second time.
+        QCOMPARE(run({"play", "--fast", "-"}, settings, "/proc").output.count("key=\"DemoOnOff"),
+                 2);
+        process.write(settings + "{\"timestamp\":0,\"name\":\"stwAdcValue\",\"value\":7}\n");
         while (!process.readLine().contains("stwAdcValue"))
             QVERIFY(process.canReadLine() || process.waitForReadyRead());
         process.terminate();

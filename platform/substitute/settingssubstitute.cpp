@@ -41,7 +41,8 @@ QString settingsRoot()
 {
     if (root().isEmpty()) {
         static const QTemporaryDir folder(QDir::tempPath() + QStringLiteral("/mcuplatform-XXXXXX"));
-        root() = folder.path();
+        // Without a folder of its own nothing may be written anywhere else.
+        root() = folder.isValid() ? folder.path() : QStringLiteral("/dev/null");
     }
     return root();
 }
@@ -69,10 +70,17 @@ void SettingsExe::setOtherPathValue(QString key, QString file, QVariant value, Q
     substitute::platform::log().record("SettingsExe.setOtherPathValue", key, file, value, value2,
                                        flag);
     QSettings settings(pathOf(file), QSettings::IniFormat);
+    const QVariant before = settings.value(key);
     settings.setValue(key, value);
     settings.sync();
-    if (settings.status() != QSettings::NoError)
-        qWarning("SettingsExe: cannot write %s", qUtf8Printable(settings.fileName()));
+    if (settings.status() == QSettings::NoError)
+        return;
+    qWarning("SettingsExe: cannot write %s", qUtf8Printable(settings.fileName()));
+    // QSettings keeps what it could not write for the next reader.
+    if (before.isValid())
+        settings.setValue(key, before);
+    else
+        settings.remove(key);
 }
 
 } // namespace mem

@@ -35,7 +35,7 @@ void Printer::hear(const Event &event)
     last.resize(all.size());
     for (int i = 0; i < all.size(); ++i) {
         const QString text = (all[i].name.isEmpty() ? "" : all[i].name + '=') + all[i].value;
-        (known && last[i] == all[i].value ? others : changed).append(text);
+        (known && m_look.width > 0 && last[i] == all[i].value ? others : changed).append(text);
         last[i] = all[i].value;
     }
 
