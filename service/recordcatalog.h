@@ -1,54 +1,34 @@
-// All kinds of vehicle reports in one list, for whoever shows a record to people: the desk tool and
-// the tables of docs/vehicle-records.md.
+// Reads vehicle records for whoever shows them to people: the simulator and the tables of
+// docs/vehicle-records.md.
 #pragma once
 
-#include "vehiclerecords.h"
+#include "vehiclerecords_p.h"
 
-#include <QtGlobal>
+#include <QHash>
+#include <QMetaMethod>
 
 #include <vector>
 
 namespace mcu {
 
-inline constexpr const RecordDescription *recordCatalog[]{
-    &record::ac,
-    &record::avm,
-    &record::vehicleSpeed,
-    &record::steeringAngle,
-    &record::featureCode,
-    &record::hu,
-    &record::amb,
-    &record::pdc,
-    &record::tpms,
-    &record::vehicleBody,
-    &record::meterSetting,
-    &record::vehicleFault,
-    &record::ampStatus,
-    &record::avmCalibrationCommand,
-    &record::dtcFlag,
-    &record::truckTpmsLearn,
-    &record::truckDms,
-    &record::truckRsr1,
-    &record::truckSecurity,
-    &record::truckVehicleHealth,
-    &record::truckRpas,
-    &record::truckTpmsThreshold,
-    &record::truckTpmsCti,
-    &record::truckTpmsTemperature,
-    &record::truckTpmsPressure,
-    &record::truckVehicleAlerts,
-    &record::truckPerformanceParameters,
-    &record::truckVehicleParameters,
-};
+inline constexpr auto &recordCatalog = VehicleRecords::descriptions;
+
+/// The name of the facade's signal that carries the record.
+inline QByteArray signalName(const RecordDescription &description)
+{
+    return QMetaMethod::fromSignal(description.signal).name();
+}
 
 /// The kind of report that a signal of the facade carries, by the signal's name; null for none.
-inline const RecordDescription *describeRecord(const char *signalName)
+inline const RecordDescription *describeRecord(const QByteArray &signal)
 {
-    for (const RecordDescription *description : recordCatalog) {
-        if (qstrcmp(description->signal, signalName) == 0)
-            return description;
-    }
-    return nullptr;
+    static const auto bySignal = [] {
+        QHash<QByteArray, const RecordDescription *> descriptions;
+        for (const RecordDescription *description : recordCatalog)
+            descriptions.insert(signalName(*description), description);
+        return descriptions;
+    }();
+    return bySignal.value(signal);
 }
 
 struct FieldValue {

@@ -29,24 +29,25 @@ QString readinessText(const Readiness &readiness)
                : QString("truck set, bit 0x%1").arg(readiness.bit, 0, 16);
 }
 
-QString limitText(mcu::RateLimit limit)
+QString limitText(const mcu::Hold &hold)
 {
-    if (limit == mcu::RateLimit::None)
+    if (hold.command == 0)
         return "none";
-    return limit == mcu::RateLimit::Hu ? "yes, a hold of 4 ticks that reports do not extend"
-                                       : "yes, a hold of 6 ticks that each report restarts";
+    return QString(hold.restarts ? "yes, a hold of %1 ticks that each report restarts"
+                                 : "yes, a hold of %1 ticks that reports do not extend")
+        .arg(hold.ticks);
 }
 
 QString section(const RecordDescription &record)
 {
-    QString text =
-        QString("### %1\n\n"
-                "- Signal: `%2(QByteArray)`, %3 bytes\n"
-                "- Getter: %4\n- Readiness: %5\n- Rate limit: %6\n"
-                "- In scenarios: `%7`\n\n"
-                "| Offset | Bits | Field |\n|---|---|---|\n")
-            .arg(record.title, record.signal, QString::number(record.size()), getterText(record),
-                 readinessText(record.readiness), limitText(record.rateLimit), record.linkSignal);
+    QString text = QString("### %1\n\n"
+                           "- Signal: `%2(QByteArray)`, %3 bytes\n"
+                           "- Getter: %4\n- Readiness: %5\n- Rate limit: %6\n"
+                           "- In scenarios: `%7`\n\n"
+                           "| Offset | Bits | Field |\n|---|---|---|\n")
+                       .arg(record.title, mcu::signalName(record), QString::number(record.size()),
+                            getterText(record), readinessText(record.readiness),
+                            limitText(record.hold), record.linkSignal);
     std::size_t offset = 0;
     for (const mcu::Field &field : record.fields) {
         if (field.width > 0) {
@@ -72,7 +73,8 @@ private Q_SLOTS:
         QVERIFY(file.open(update ? QFile::ReadWrite : QFile::ReadOnly));
         QString text = QString::fromUtf8(file.readAll());
         for (const RecordDescription *record : mcu::recordCatalog) {
-            const QString mark = QString("<!-- record %1 -->\n").arg(record->signal);
+            const QString mark =
+                QString("<!-- record %1 -->\n").arg(QString(mcu::signalName(*record)));
             QVERIFY2(text.count(mark) == 1, qPrintable(mark));
             const int begin = text.indexOf(mark) + mark.size();
             const int length = text.indexOf(QString("<!-- end -->\n"), begin) - begin;

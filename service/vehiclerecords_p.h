@@ -1,8 +1,9 @@
-// All vehicle reports as tables: names, dump tag, readiness bit and rate limit of each, and its
+// All vehicle reports as tables: signals, getter, dump tag, readiness bit and hold of each, and its
 // fields in argument order with their widths and the gap bytes between them.
 #pragma once
 
-#include "vehiclerecord.h"
+#include "mcuservice.h"
+#include "recordlayout_p.h"
 
 namespace mcu {
 namespace record {
@@ -23,7 +24,7 @@ constexpr Readiness truckBit(quint32 bit) { return {Readiness::Truck, bit}; }
 inline constexpr RecordDescription ac{
     "Air conditioning",
     "reportAcChangedSgl",
-    "syncACInforUpdate",
+    &McuService::syncACInforUpdate,
     "getReportACDate",
     "!qrk#---ac_infor---",
     {byte("KeyState"), byte("AcType"), byte("Templevel"), byte("ModeDisp"),
@@ -37,7 +38,7 @@ inline constexpr RecordDescription ac{
 inline constexpr RecordDescription avm{
     "Surround view",
     "reportAVMChangedSgl",
-    "syncAVMInforUpdate",
+    &McuService::syncAVMInforUpdate,
     "getReportAVMDate",
     nullptr,
     {byte("WorkModeFeedback"), byte("ViewSideFeedback"), byte("WorkState"), byte("SpeedSetResp"),
@@ -47,7 +48,7 @@ inline constexpr RecordDescription avm{
 inline constexpr RecordDescription vehicleSpeed{
     "Vehicle speed",
     "reportVehicleSpeedChangedSgl",
-    "syncVehicleSpeedInforUpdate",
+    &McuService::syncVehicleSpeedInforUpdate,
     nullptr,
     "!qrk#---vehicle_speed_infor---",
     {le32("vehicle_speed"), le32("vehicle_speed_valid"), le32("Reserve"), le32("Reserve1")},
@@ -56,7 +57,7 @@ inline constexpr RecordDescription vehicleSpeed{
 inline constexpr RecordDescription steeringAngle{
     "Steering angle",
     "reportSteeringAngleChangedSgl",
-    "syncSteeringAngleInforUpdate",
+    &McuService::syncSteeringAngleInforUpdate,
     "getSteeringAngleChanged",
     nullptr,
     {le32("steering_angle"), le32("steering_angle_dir"), le32("Reserve"), le32("Reserve1")},
@@ -65,7 +66,7 @@ inline constexpr RecordDescription steeringAngle{
 inline constexpr RecordDescription featureCode{
     "Feature code",
     "reportFeatureCodeChangedSgl",
-    "syncFeatureCodeInforUpdate",
+    &McuService::syncFeatureCodeInforUpdate,
     nullptr,
     "!qrk#---feature_code_infor---",
     {byte("code0"), byte("code1"), byte("code2"), byte("code3"), byte("code4")},
@@ -75,20 +76,20 @@ inline constexpr RecordDescription featureCode{
 inline constexpr RecordDescription hu{
     "Head unit",
     "reportHuChangedSgl",
-    "syncHuInforUpdate",
+    &McuService::syncHuInforUpdate,
     "getReportHuDate",
     "!qrk#---hu_infor---",
     {byte("HU_Date0"), byte("HU_Date1"), byte("HU_Date2"), byte("HU_Date3"), byte("HU_Date4"),
      byte("HU_Date5"), byte("HU_Date6"), byte("HU_Date7"), byte("HU_Date8"), byte("HU_Date9"),
      byte("HU_Date10"), byte("HU_Date11")},
     carBit(2),
-    RateLimit::Hu,
+    Hold{2, 4, false}, // a running period is not extended
 };
 
 inline constexpr RecordDescription amb{
     "Ambient light",
     "reportAmbChangedSgl",
-    "syncAmbInforUpdate",
+    &McuService::syncAmbInforUpdate,
     nullptr,
     "!qrk#---amb_infor---",
     {byte("State"), byte("ShowModelStatus"), byte("ShowFrequency"), byte("SafeModelSW"),
@@ -98,7 +99,7 @@ inline constexpr RecordDescription amb{
 inline constexpr RecordDescription pdc{
     "Parking distances",
     "reportPdcChangedSgl",
-    "syncPdcInforUpdate",
+    &McuService::syncPdcInforUpdate,
     "getReportPdcDate",
     nullptr,
     {byte("FFLPDCDistance"), byte("FSLPDCDistance"), byte("FSRPDCDistance"), byte("FFRPDCDistance"),
@@ -109,7 +110,7 @@ inline constexpr RecordDescription pdc{
 inline constexpr RecordDescription tpms{
     "Tyre pressure monitoring",
     "reportTpmsChangedSgl",
-    "syncTpmsInforUpdate",
+    &McuService::syncTpmsInforUpdate,
     "getReportTpmsDate",
     "!qrk#---tpms_infor---",
     {byte("FLTirePres"), byte("FRTirePres"), byte("RLTirePres"), byte("RRTirePres"),
@@ -123,7 +124,7 @@ inline constexpr RecordDescription tpms{
 inline constexpr RecordDescription vehicleBody{
     "Vehicle body",
     "reportVehicleBodyChangedSgl",
-    "syncVehicleBodyInforUpdate",
+    &McuService::syncVehicleBodyInforUpdate,
     "getReportVehicleBodyDate",
     "!qrk#---vehicle_body_infor---",
     {byte("TurnSwitch"), byte("DoorStatus"), byte("KeyState"), byte("data3"), byte("data4"),
@@ -134,7 +135,7 @@ inline constexpr RecordDescription vehicleBody{
 inline constexpr RecordDescription meterSetting{
     "Meter settings",
     "reportMeterSettingChangedSgl",
-    "syncMeterSettingInforUpdate",
+    &McuService::syncMeterSettingInforUpdate,
     "getReportMeterSetting",
     "!qrk#---meter_setting_infor---",
     {byte("data0"), byte("data1"), byte("data2"), byte("data3"), byte("data4"), byte("data5"),
@@ -145,19 +146,19 @@ inline constexpr RecordDescription meterSetting{
 inline constexpr RecordDescription vehicleFault{
     "Vehicle faults",
     "reportVehicleFaultChangedSgl",
-    "syncVehicleFaultInforUpdate",
+    &McuService::syncVehicleFaultInforUpdate,
     "getReportVehicleFaultData",
     "!qrk#---vehicle_fault_infor---",
     {byte("data0"), byte("data1"), byte("data2"), byte("data3"), byte("data4"), byte("data5"),
      byte("data6"), byte("data7")},
     carBit(32),
-    RateLimit::VehicleFault,
+    Hold{1, 6, true}, // a stream of faults is emitted at its end
 };
 
 inline constexpr RecordDescription ampStatus{
     "Amplifier status",
     "ampStatusChangedSgl",
-    "syncAmpStatusUpdate",
+    &McuService::syncAmpStatusUpdate,
     "getReportAmpStatusDate",
     "!qrk#---amp_status---",
     {byte("AMP_Date0"), byte("AMP_Date1"), byte("AMP_Date2"), byte("AMP_Date3"), byte("AMP_Date4"),
@@ -167,7 +168,7 @@ inline constexpr RecordDescription ampStatus{
 inline constexpr RecordDescription avmCalibrationCommand{
     "Surround-view calibration command",
     "avmCalibrationCmdChangedSgl",
-    "syncAvmCalibrationCmdUpdate",
+    &McuService::syncAvmCalibrationCmdUpdate,
     "getAvmCalibrationCmdData",
     "!qrk#---avm_calibration_cmd---",
     {byte("calibration_start"), byte("reserve0"), byte("reserve1"), byte("reserve2")},
@@ -176,7 +177,7 @@ inline constexpr RecordDescription avmCalibrationCommand{
 inline constexpr RecordDescription dtcFlag{
     "Diagnostic trouble code flags",
     "reportDtcFlagChangedSgl",
-    "syncDtcFlagInforUpdate",
+    &McuService::syncDtcFlagInforUpdate,
     nullptr,
     "!qrk#---dtc_flag_infor---",
     {le32("dtc_flag1"), le32("dtc_flag2"), le32("dtc_flag3"), le32("dtc_flag4")},
@@ -187,7 +188,7 @@ inline constexpr RecordDescription dtcFlag{
 inline constexpr RecordDescription truckTpmsLearn{
     "Truck: learning of tyre sensors",
     "reportTruckTpmsLearnChangedSgl",
-    "syncTruckTpmsLearnInforUpdate",
+    &McuService::syncTruckTpmsLearnInforUpdate,
     "getTruckTpmsLearnData",
     "!qrk#---truck_tpms_learn_infor---",
     {byte("TPMS_Learn_ResponseFeatureID"), byte("TPMS_Learn_ResponseStatus"),
@@ -201,7 +202,7 @@ inline constexpr RecordDescription truckTpmsLearn{
 inline constexpr RecordDescription truckDms{
     "Truck: driver monitoring",
     "reportTruckDmsChangedSgl",
-    "syncTruckDmsInforUpdate",
+    &McuService::syncTruckDmsInforUpdate,
     "getTruckDmsData",
     "!qrk#---truck_dms_infor---",
     {byte("DMS_DistractionWarning"), byte("DMS_CanData2"), byte("DMS_CanData3"),
@@ -212,7 +213,7 @@ inline constexpr RecordDescription truckDms{
 inline constexpr RecordDescription truckRsr1{
     "Truck: road-sign recognition",
     "reportTruckRsr1ChangedSgl",
-    "syncTruckRsr1InforUpdate",
+    &McuService::syncTruckRsr1InforUpdate,
     "getTruckRsr1Data",
     "!qrk#---truck_rsr1_infor---",
     {byte("RSR1_MenAtWorkSign"), byte("RSR1_StopSign"), byte("RSR1_RSRSystemState"),
@@ -225,7 +226,7 @@ inline constexpr RecordDescription truckRsr1{
 inline constexpr RecordDescription truckSecurity{
     "Truck: driver-assistance lamps",
     "reportTruckSecurityChangedSgl",
-    "syncTruckSecurityInforUpdate",
+    &McuService::syncTruckSecurityInforUpdate,
     "getTruckSecurityData",
     "!qrk#---truck_security_infor---",
     {byte("Security_LDW_Lamp_Status"), byte("Security_ACC_Lamp_Status"),
@@ -242,7 +243,7 @@ inline constexpr RecordDescription truckSecurity{
 inline constexpr RecordDescription truckVehicleHealth{
     "Truck: vehicle health",
     "reportTruckVehicleHealthChangedSgl",
-    "syncTruckVehicleHealthInforUpdate",
+    &McuService::syncTruckVehicleHealthInforUpdate,
     "getTruckVehicleHealthData",
     "!qrk#---truck_vehicle_infor---",
     {le16("Vehicle_Battery_Potential"), byte("Vehicle_Fluid_Tank_Level"),
@@ -257,7 +258,7 @@ inline constexpr RecordDescription truckVehicleHealth{
 inline constexpr RecordDescription truckRpas{
     "Truck: rear parking sensors",
     "reportTruckRpasChangedSgl",
-    "syncTruckRpasInforUpdate",
+    &McuService::syncTruckRpasInforUpdate,
     "getTruckRpasData",
     "!qrk#---truck_rpas_infor---",
     {byte("RPAS_Active_Sensor_Status"), byte("RPAS_Sensor1_Distance"),
@@ -270,7 +271,7 @@ inline constexpr RecordDescription truckRpas{
 inline constexpr RecordDescription truckTpmsThreshold{
     "Truck: tyre pressure thresholds",
     "reportTruckTpmsThresholdChangedSgl",
-    "syncTruckTpmsThresholdUpdate",
+    &McuService::syncTruckTpmsThresholdUpdate,
     "getTruckTpmsThresholdData",
     "!qrk#---truck_tpms_threshold---",
     {byte("Axle1_Left_Threshold"), byte("Axle1_Right_Threshold"), byte("Axle2_Left_Threshold"),
@@ -286,7 +287,7 @@ inline constexpr RecordDescription truckTpmsThreshold{
 inline constexpr RecordDescription truckTpmsCti{
     "Truck: central tyre inflation",
     "reportTruckTpmsCtiChangedSgl",
-    "syncTruckTpmsCtiInforUpdate",
+    &McuService::syncTruckTpmsCtiInforUpdate,
     "getTruckTpmsCtiData",
     "!qrk#---truck_tpms_cti_infor---",
     {byte("Axle1_Left_CTIInfor"), byte("Axle1_Right_CTIInfor"), byte("Axle2_Left_CTIInfor"),
@@ -302,7 +303,7 @@ inline constexpr RecordDescription truckTpmsCti{
 inline constexpr RecordDescription truckTpmsTemperature{
     "Truck: tyre temperatures",
     "reportTruckTpmsTemperatureChangedSgl",
-    "syncTruckTpmsTemperatureUpdate",
+    &McuService::syncTruckTpmsTemperatureUpdate,
     "getTruckTpmsTemperatureData",
     "!qrk#---truck_tpms_temperature---",
     {le16("Axle1_Left_Temp"), le16("Axle1_Right_Temp"), le16("Axle2_Left_Temp"),
@@ -318,7 +319,7 @@ inline constexpr RecordDescription truckTpmsTemperature{
 inline constexpr RecordDescription truckTpmsPressure{
     "Truck: tyre pressures",
     "reportTruckTpmsPressureChangedSgl",
-    "syncTruckTpmsPressureUpdate",
+    &McuService::syncTruckTpmsPressureUpdate,
     "getTruckTpmsPressureData",
     "!qrk#---truck_tpms_pressure---",
     {byte("Axle1_Left_Pressure"), byte("Axle1_Right_Pressure"), byte("Axle2_Left_Pressure"),
@@ -334,7 +335,7 @@ inline constexpr RecordDescription truckTpmsPressure{
 inline constexpr RecordDescription truckVehicleAlerts{
     "Truck: alerts",
     "reportTruckVehicleAlertsChangedSgl",
-    "syncTruckVehicleAlertsInforUpdate",
+    &McuService::syncTruckVehicleAlertsInforUpdate,
     "getTruckVehicleAlertsData",
     "!qrk#---truck_vehicle_alerts_infor---",
     {byte("Vehicle_Gear_Change"), byte("Vehicle_VehicleOverspeed"), byte("Vehicle_MSA_Signal"),
@@ -347,7 +348,7 @@ inline constexpr RecordDescription truckVehicleAlerts{
 inline constexpr RecordDescription truckPerformanceParameters{
     "Truck: trip computer",
     "reportTruckPerformanceParametersChangedSgl",
-    "syncTruckPerformanceParametersInforUpdate",
+    &McuService::syncTruckPerformanceParametersInforUpdate,
     "getTruckPerformanceParametersData",
     "!qrk#---truck_performance_parameters_infor---",
     {le32("Vehicle_IC_Total_Distance"), le32("Vehicle_IC_Run_Time"),
@@ -363,7 +364,7 @@ inline constexpr RecordDescription truckPerformanceParameters{
 inline constexpr RecordDescription truckVehicleParameters{
     "Truck: engine and cab temperatures",
     "reportTruckVehicleParametersChanged",
-    "syncTruckVehicleParametersInforUpdate",
+    &McuService::syncTruckVehicleParametersInforUpdate,
     "getTruckVehicleParametersData",
     "!qrk#---truck_vehicle_parameters_infor---",
     {byte("Vehicle_EngFuelTemp1"), gap(), le16("Vehicle_EngOilTemp1"), byte("Vehicle_DPFLampCmd"),
@@ -375,4 +376,15 @@ inline constexpr RecordDescription truckVehicleParameters{
 };
 
 } // namespace record
+
+/// All of them: the records that the facade keeps, and what tools and pages show.
+using VehicleRecords = RecordSet<
+    record::ac, record::avm, record::vehicleSpeed, record::steeringAngle, record::featureCode,
+    record::hu, record::amb, record::pdc, record::tpms, record::vehicleBody, record::meterSetting,
+    record::vehicleFault, record::ampStatus, record::avmCalibrationCommand, record::dtcFlag,
+    record::truckTpmsLearn, record::truckDms, record::truckRsr1, record::truckSecurity,
+    record::truckVehicleHealth, record::truckRpas, record::truckTpmsThreshold, record::truckTpmsCti,
+    record::truckTpmsTemperature, record::truckTpmsPressure, record::truckVehicleAlerts,
+    record::truckPerformanceParameters, record::truckVehicleParameters>;
+
 } // namespace mcu

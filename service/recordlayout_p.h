@@ -13,6 +13,8 @@
 
 namespace mcu {
 
+class McuService;
+
 /// One field of a record, or a gap byte between fields that is always 0.
 struct Field {
     const char *name;  ///< the report's parameter; null for a gap
@@ -36,8 +38,12 @@ struct Readiness {
     quint32 bit = 0;
 };
 
-/// The rate-limited reports, by the numbers that checkCmdUpdateToApp() takes.
-enum class RateLimit { None = 0, VehicleFault = 1, Hu = 2 };
+/// How long reports are held back once one has been emitted.
+struct Hold {
+    int command = 0;       ///< what checkCmdUpdateToApp() knows the report by; 0 is never held
+    qint8 ticks = 0;       ///< of the CAN check timer
+    bool restarts = false; ///< each report, held back or not, restarts the period
+};
 
 /// One kind of vehicle report and what becomes of it.
 struct RecordDescription {
@@ -45,12 +51,12 @@ struct RecordDescription {
 
     const char *title;
     const char *linkSignal;
-    const char *signal;          ///< the facade's, with the record
+    void (McuService::*signal)(QByteArray image);
     const char *getter;          ///< the facade's, for the record; null for none
     const char *dumpTag;         ///< of the log line; null for none
     Field fields[maximumFields]; ///< in argument order; what is left over is 0 bytes wide
     Readiness readiness = {};
-    RateLimit rateLimit = {};
+    Hold hold = {};
 
     /// Bytes of the image.
     constexpr std::size_t size() const
@@ -132,6 +138,19 @@ private:
     }
 
     std::array<char, Description.size()> m_bytes{};
+};
+
+/// The last report of each of these kinds.
+template <const RecordDescription &...Descriptions>
+class RecordSet : Record<Descriptions>... {
+public:
+    static constexpr const RecordDescription *descriptions[]{&Descriptions...};
+
+    template <const RecordDescription &Description>
+    Record<Description> &of()
+    {
+        return *this;
+    }
 };
 
 } // namespace mcu
