@@ -25,6 +25,9 @@ class McuService;
 /// The object lives in the thread that first calls instance(), which must be the facade's: its
 /// timers and slots run there, and it is where to call everything. updateAudioStatus() alone may be
 /// called from any thread. Nothing throws, nothing blocks.
+///
+/// const is part of the names that applications are linked against: of the getters,
+/// autotestStatus() alone carries it.
 class MCUSERVICE_EXPORT McuManager : public QObject {
     Q_OBJECT
 

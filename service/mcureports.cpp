@@ -103,8 +103,8 @@ void McuService::onReportPdcChanged(int FFLPDCDistance, int FSLPDCDistance, int 
                                  FFRPDCDistance, RFLPDCDistance, RSLPDCDistance, RSRPDCDistance,
                                  RFRPDCDistance, PAS_SW, PDCSysSts, ReverseAssisVideo);
     // The bridge converts the whole values, not the bytes of the record.
-    const int front[]{FFLPDCDistance, FSLPDCDistance, FSRPDCDistance, FFRPDCDistance};
-    const int rear[]{RFLPDCDistance, RSLPDCDistance, RSRPDCDistance, RFRPDCDistance};
+    int front[]{FFLPDCDistance, FSLPDCDistance, FSRPDCDistance, FFRPDCDistance};
+    int rear[]{RFLPDCDistance, RSLPDCDistance, RSRPDCDistance, RFRPDCDistance};
     McuVechicleBridge::instance()->notifyRadarUpdate(front, rear, PAS_SW, PDCSysSts,
                                                      ReverseAssisVideo);
 }
@@ -224,19 +224,16 @@ void McuService::onCheckCanbusTmrDelay()
     }
 }
 
-QByteArray McuService::getReportAVMDate() const
+QByteArray McuService::getReportAVMDate()
 {
     constexpr std::size_t workState = 2; // its place among the fields
     MCU_DEBUG << "\n " << m_data->records.of<record::avm>().value<workState>();
     return m_data->image<record::avm>();
 }
 
-int McuService::getVehicleSpeed() const
-{
-    return m_data->records.of<record::vehicleSpeed>().value<0>();
-}
+int McuService::getVehicleSpeed() { return m_data->records.of<record::vehicleSpeed>().value<0>(); }
 
-int McuService::getAmpStatus() const { return m_data->records.of<record::ampStatus>().value<0>(); }
+int McuService::getAmpStatus() { return m_data->records.of<record::ampStatus>().value<0>(); }
 
 QByteArray McuService::getReportFeatureCodeChanged()
 {
@@ -256,49 +253,37 @@ QByteArray McuService::getVelroReportFeatureCodeChanged()
 
 int McuService::getFeatureDataStatus() { return callOn(m_link, &McuSrv::getFeatureDataStatus); }
 
-QString McuService::getAmpSwEdition() const { return m_data->ampSwEdition; }
+QString McuService::getAmpSwEdition() { return m_data->ampSwEdition; }
 
-QString McuService::getAmpHwEdition() const { return m_data->ampHwEdition; }
+QString McuService::getAmpHwEdition() { return m_data->ampHwEdition; }
 
-QString McuService::getEcuSwEdition() const { return m_data->ecuSwEdition; }
+QString McuService::getEcuSwEdition() { return m_data->ecuSwEdition; }
 
-QString McuService::getEcuHwEdition() const { return m_data->ecuHwEdition; }
+QString McuService::getEcuHwEdition() { return m_data->ecuHwEdition; }
 
-bool McuService::getCANDataReady() const { return m_data->canDataReady; }
+bool McuService::getCANDataReady() { return m_data->canDataReady; }
 
-int McuService::getCANDataSignal() const { return int(m_data->carReadiness); }
+int McuService::getCANDataSignal() { return int(m_data->carReadiness); }
 
-QByteArray McuService::getReportACDate() const { return m_data->image<record::ac>(); }
+QByteArray McuService::getReportACDate() { return m_data->image<record::ac>(); }
 
-QByteArray McuService::getSteeringAngleChanged() const
-{
-    return m_data->image<record::steeringAngle>();
-}
+QByteArray McuService::getSteeringAngleChanged() { return m_data->image<record::steeringAngle>(); }
 
-QByteArray McuService::getReportHuDate() const { return m_data->image<record::hu>(); }
+QByteArray McuService::getReportHuDate() { return m_data->image<record::hu>(); }
 
-QByteArray McuService::getReportPdcDate() const { return m_data->image<record::pdc>(); }
+QByteArray McuService::getReportPdcDate() { return m_data->image<record::pdc>(); }
 
-QByteArray McuService::getReportTpmsDate() const { return m_data->image<record::tpms>(); }
+QByteArray McuService::getReportTpmsDate() { return m_data->image<record::tpms>(); }
 
-QByteArray McuService::getReportVehicleBodyDate() const
-{
-    return m_data->image<record::vehicleBody>();
-}
+QByteArray McuService::getReportVehicleBodyDate() { return m_data->image<record::vehicleBody>(); }
 
-QByteArray McuService::getReportMeterSetting() const
-{
-    return m_data->image<record::meterSetting>();
-}
+QByteArray McuService::getReportMeterSetting() { return m_data->image<record::meterSetting>(); }
 
-QByteArray McuService::getReportVehicleFaultData() const
-{
-    return m_data->image<record::vehicleFault>();
-}
+QByteArray McuService::getReportVehicleFaultData() { return m_data->image<record::vehicleFault>(); }
 
-QByteArray McuService::getReportAmpStatusDate() const { return m_data->image<record::ampStatus>(); }
+QByteArray McuService::getReportAmpStatusDate() { return m_data->image<record::ampStatus>(); }
 
-QByteArray McuService::getAvmCalibrationCmdData() const
+QByteArray McuService::getAvmCalibrationCmdData()
 {
     return m_data->image<record::avmCalibrationCommand>();
 }

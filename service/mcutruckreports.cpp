@@ -185,55 +185,49 @@ void McuService::onReportTruckVehicleParametersChanged(
         Vehicle_Reserve4);
 }
 
-QByteArray McuService::getTruckTpmsLearnData() const
-{
-    return m_data->image<record::truckTpmsLearn>();
-}
+QByteArray McuService::getTruckTpmsLearnData() { return m_data->image<record::truckTpmsLearn>(); }
 
-QByteArray McuService::getTruckDmsData() const { return m_data->image<record::truckDms>(); }
+QByteArray McuService::getTruckDmsData() { return m_data->image<record::truckDms>(); }
 
-QByteArray McuService::getTruckRsr1Data() const { return m_data->image<record::truckRsr1>(); }
+QByteArray McuService::getTruckRsr1Data() { return m_data->image<record::truckRsr1>(); }
 
-QByteArray McuService::getTruckSecurityData() const
-{
-    return m_data->image<record::truckSecurity>();
-}
+QByteArray McuService::getTruckSecurityData() { return m_data->image<record::truckSecurity>(); }
 
-QByteArray McuService::getTruckVehicleHealthData() const
+QByteArray McuService::getTruckVehicleHealthData()
 {
     return m_data->image<record::truckVehicleHealth>();
 }
 
-QByteArray McuService::getTruckRpasData() const { return m_data->image<record::truckRpas>(); }
+QByteArray McuService::getTruckRpasData() { return m_data->image<record::truckRpas>(); }
 
-QByteArray McuService::getTruckTpmsThresholdData() const
+QByteArray McuService::getTruckTpmsThresholdData()
 {
     return m_data->image<record::truckTpmsThreshold>();
 }
 
-QByteArray McuService::getTruckTpmsCtiData() const { return m_data->image<record::truckTpmsCti>(); }
+QByteArray McuService::getTruckTpmsCtiData() { return m_data->image<record::truckTpmsCti>(); }
 
-QByteArray McuService::getTruckTpmsTemperatureData() const
+QByteArray McuService::getTruckTpmsTemperatureData()
 {
     return m_data->image<record::truckTpmsTemperature>();
 }
 
-QByteArray McuService::getTruckTpmsPressureData() const
+QByteArray McuService::getTruckTpmsPressureData()
 {
     return m_data->image<record::truckTpmsPressure>();
 }
 
-QByteArray McuService::getTruckVehicleAlertsData() const
+QByteArray McuService::getTruckVehicleAlertsData()
 {
     return m_data->image<record::truckVehicleAlerts>();
 }
 
-QByteArray McuService::getTruckPerformanceParametersData() const
+QByteArray McuService::getTruckPerformanceParametersData()
 {
     return m_data->image<record::truckPerformanceParameters>();
 }
 
-QByteArray McuService::getTruckVehicleParametersData() const
+QByteArray McuService::getTruckVehicleParametersData()
 {
     return m_data->image<record::truckVehicleParameters>();
 }
