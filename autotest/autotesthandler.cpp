@@ -2,6 +2,9 @@
 #include "autotesthandler.h"
 
 #include "autotesthandler_p.h"
+#include "factorytest_p.h"
+
+#include "eventhandler.h"
 
 #include <cstdio>
 
@@ -49,6 +52,26 @@ void AutoTestHandler::stop()
     disconnect(m_data->service, SIGNAL(autoTestPkgChanged(QByteArray)), this,
                SLOT(onAutoTestPkgChanged(QByteArray)));
 }
+
+// A blank in a signature costs Qt a second search.
+// clang-format off
+void switchFactoryTest(McuService *facade, bool on)
+{
+    AutoTestHandler *handler = AutoTestHandler::instance();
+    if (on) {
+        handler->start();
+        QObject::connect(facade, SIGNAL(keyEvent(int,int)), handler, SLOT(onKeyHandle(int,int)));
+        // Kept: with blanks, as the dispatcher declares its signal.
+        QObject::connect(EventHandler::instance(), SIGNAL(keyEventForAutotest(int, int, int)),
+                         handler, SLOT(onHuKeyHandle(int,int,int)));
+    } else {
+        // Kept: the dispatcher's keys stay connected. They reach the handler after the mode has
+        // ended too, and each further entry into it adds one more connection.
+        handler->stop();
+        QObject::disconnect(facade, SIGNAL(keyEvent(int,int)), handler, SLOT(onKeyHandle(int,int)));
+    }
+}
+// clang-format on
 
 bool AutoTestHandler::isInAutotestMode() { return m_data->inAutotestMode != 0; }
 

@@ -2,12 +2,10 @@
 // applications.
 #include "mcuservice.h"
 
-#include "autotesthandler.h"
 #include "debug.h"
+#include "factorytest_p.h"
 #include "mcuradiointerface.h"
 #include "mcuservice_p.h"
-
-#include "eventhandler.h"
 
 namespace mcu {
 
@@ -127,18 +125,7 @@ void McuService::notifyAutoTestStatus(int status)
     if (status == m_data->autoTestStatus)
         return;
     m_data->autoTestStatus = status;
-    AutoTestHandler *handler = AutoTestHandler::instance();
-    if (status != 0) {
-        handler->start();
-        connect(this, SIGNAL(keyEvent(int, int)), handler, SLOT(onKeyHandle(int, int)));
-        connect(EventHandler::instance(), SIGNAL(keyEventForAutotest(int, int, int)), handler,
-                SLOT(onHuKeyHandle(int, int, int)));
-    } else {
-        // The dispatcher's keys stay connected: they reach the handler after the mode has ended
-        // too, and each further entry into it adds one more connection.
-        handler->stop();
-        disconnect(this, SIGNAL(keyEvent(int, int)), handler, SLOT(onKeyHandle(int, int)));
-    }
+    switchFactoryTest(this, status != 0);
     Q_EMIT autoTestStatusChanged(status);
 }
 
