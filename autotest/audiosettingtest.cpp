@@ -62,7 +62,8 @@ void AutoTestHandler::parse_ATW_SETTING_STATUS(const QByteArray &packet)
 
 void AutoTestHandler::setSubWooferStatus(int v)
 {
-    MCU_DEBUG << settings()->getSubwooferOnOff(1) << v;
+    const int stored = settings()->getSubwooferOnOff(1);
+    MCU_DEBUG << stored << v;
     const int on = v == 0 ? 1 : 0;
     settings()->setSubwooferOnOff(on, true);
     m_data->service->setSubwooferValue(on);
