@@ -48,17 +48,17 @@ bool applyFilter(McuService *service, int type, int speakerMode, bool on, int va
 
 } // namespace
 
-void AutoTestHandler::parse_ATW_SETTING_STATUS(const QByteArray &packet)
+void AutoTestHandlerPrivate::testAudioSettings(const QByteArray &request)
 {
     // One byte for each setting: 1 is on, 2 is off, anything else leaves it alone.
     using Step = void (AutoTestHandler::*)(int);
     constexpr Step steps[]{&AutoTestHandler::setSubWooferStatus,
                            &AutoTestHandler::setDemoModeStatus, &AutoTestHandler::setLPFStatus};
-    int offset = wire::payloadOffset;
+    int number = 0;
     for (const Step step : steps) {
-        const int order = wire::byteAt(packet, offset++);
+        const int order = wire::payloadByte(request, number++);
         if (order == 1 || order == 2)
-            (this->*step)(order - 1);
+            (owner->*step)(order - 1);
     }
 }
 

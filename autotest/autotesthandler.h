@@ -217,6 +217,8 @@ private Q_SLOTS:
     void onTimerOut();
 
 private:
+    friend class AutoTestHandlerPrivate;
+
     // From a chunk to the handler of its packet's DID.
     void analysisData();
     void parseDataCmd(const QByteArray &packet);
@@ -224,118 +226,11 @@ private:
     void parseWriteData(const QByteArray &packet);
     void parseFeedbackData(const QByteArray &packet);
 
-    // Read requests
-    void parse_ATR_SOUND_DID(const QByteArray &packet);
-    void parse_ATR_MEDIA_DID(const QByteArray &packet);
-    void parse_ATR_SCREEN_DID(const QByteArray &packet);
-    void parse_ATR_TIME_DATE_DID(const QByteArray &packet);
-    void parse_ATR_LANGUAGE_DID(const QByteArray &packet);
-    void parse_ATR_RadioArea_DID(const QByteArray &packet);
-    void parse_ATR_PowSta_DID(const QByteArray &packet);
-    void parse_ATR_UI_DID(const QByteArray &packet);
-    void parse_ATR_NaviDemo_DID(const QByteArray &packet);
-    void parse_ATR_GPSFlag_DID(const QByteArray &packet);
-    void parse_ATR_GPSTime_DID(const QByteArray &packet);
-    void parse_ATR_SatelliteNUM_DID(const QByteArray &packet);
-    void parse_ATR_Dirction_DID(const QByteArray &packet);
-    void parse_ATR_TBOX_DID(const QByteArray &packet);
-    void parse_ATR_MapSize_DID(const QByteArray &packet);
-    void parse_ATR_BTAddress_DID(const QByteArray &packet);
-    void parse_ATR_BTDev_DID(const QByteArray &packet);
-    void parse_ATR_KeySta_DID(const QByteArray &packet);
-    void parse_ATR_RadioFreq_DID(const QByteArray &packet);
-    void parse_ATR_TPMS_DID(const QByteArray &packet);
-    void parse_ATR_RDS_DID(const QByteArray &packet);
-    void parse_ATR_DAB_DID(const QByteArray &packet);
-    void parse_ATR_SXM_DID(const QByteArray &packet);
-    void parse_ATR_CAN_DID(const QByteArray &packet);
-    void parse_ATR_SoftWare_DID(const QByteArray &packet);
-    void parse_ATR_HardWare_DID(const QByteArray &packet);
-    void parse_ATR_MODEL_DID(const QByteArray &packet);
-    void parse_ATR_SN_DID(const QByteArray &packet);
-    void parse_ATR_UUID_DID(const QByteArray &packet);
-    void parse_ATR_VehicleName_DID(const QByteArray &packet);
-    void parse_ATR_VehicleNum_DID(const QByteArray &packet);
-    void parse_ATR_RSC_TSN_DID(const QByteArray &packet);
-    void parse_ATR_ECU_MDATE_DID(const QByteArray &packet);
-    void parse_ATR_ECU_PDATE_DID(const QByteArray &packet);
-    void parse_ATR_ECU_ADATE_DID(const QByteArray &packet);
-    void parse_ATR_MMI_FUNC_DID(const QByteArray &packet);
-    void parse_ATR_VEH_NET_DID(const QByteArray &packet);
-    void parse_ATR_WIFI_CONN_DID(const QByteArray &packet);
-    void parse_ATR_WIFI_SIG_DID(const QByteArray &packet);
-    void parse_ATR_DVR_DID(const QByteArray &packet);
-    void parse_ATR_DEST_DID(const QByteArray &packet);
-    void parse_ATR_GPS_DID(const QByteArray &packet);
-    void parse_ATR_WHEEL_KEY_DID(const QByteArray &packet);
-    void parse_ATR_SPEED_DID(const QByteArray &packet);
-    void parse_ATR_READ_SN(const QByteArray &packet);
-
-    // Write requests
-    void parse_ATW_SOUND_DID(const QByteArray &packet);
-    void parse_ATW_MEDIA_DID(const QByteArray &packet);
-    void parse_ATW_SCREEN_DID(const QByteArray &packet);
-    void parse_ATW_TIME_DATE_DID(const QByteArray &packet);
-    void parse_ATW_LANGUAGE_DID(const QByteArray &packet);
-    void parse_ATW_FACTORY_DID(const QByteArray &packet);
-    void parse_ATW_RadioArea_DID(const QByteArray &packet);
-    void parse_ATW_PowSta_DID(const QByteArray &packet);
-    void parse_ATW_UI_DID(const QByteArray &packet);
-    void parse_ATW_RESET_DID(const QByteArray &packet);
-    void parse_ATW_SEEK_DID(const QByteArray &packet);
-    void parse_ATW_CAMERA_DID(const QByteArray &packet);
-    void parse_ATW_SCRCOLOR_DID(const QByteArray &packet);
-    void parse_ATW_SETRDS_DID(const QByteArray &packet);
-    void parse_ATW_NAVI_DID(const QByteArray &packet);
-    void parse_ATW_ExitNAVI_DID(const QByteArray &packet);
-    void parse_ATW_BTSearch_DID(const QByteArray &packet);
-    void parse_ATW_BTConnect_DID(const QByteArray &packet);
-    void parse_ATW_DLPhone_DID(const QByteArray &packet);
-    void parse_ATW_BTMusic_DID(const QByteArray &packet);
-    void parse_ATW_CALL_DID(const QByteArray &packet);
-    void parse_ATW_MIC_DID(const QByteArray &packet);
-    void parse_ATW_BTState_DID(const QByteArray &packet);
-    void parse_ATW_BTTest_DID(const QByteArray &packet);
-    void parse_ATW_BTADDRTest_DID(const QByteArray &packet);
-    void parse_ATW_BTPHONE_DID(const QByteArray &packet);
-    void parse_ATW_TBOX_DID(const QByteArray &packet);
-    void parse_ATW_DKey_DID(const QByteArray &packet);
-    void parse_ATW_CONNECTION_DID(const QByteArray &packet);
-    void parse_ATW_REVERSE_DID(const QByteArray &packet);
-    void parse_ATW_SETSWCKEY(const QByteArray &packet);
-    void parse_ATW_BUZZER_DID(const QByteArray &packet);
-    void parse_ATW_SN_DID(const QByteArray &packet);
-    void parse_ATW_MES_DID(const QByteArray &packet);
-    void parse_ATW_FASTSLEEP_DID(const QByteArray &packet);
-    void parse_ATW_vEHNAME_DID(const QByteArray &packet);
-    void parse_ATW_vEHVIN_DID(const QByteArray &packet);
-    void parse_ATW_ConnectionStatus_DID(const QByteArray &packet);
-    void parse_ATW_ConnectionWifi_DID(const QByteArray &packet);
-    void parse_ATW_WARN_SCREEN_DID(const QByteArray &packet);
-    void parse_ATW_ENTER_DEST_DID(const QByteArray &packet);
-    void parse_ATW_SET_DEST_DID(const QByteArray &packet);
-    void parse_ATW_DEST_OK_DID(const QByteArray &packet);
-    void parse_ATW_SET_DAY_NIGHT_DID(const QByteArray &packet);
-    void parse_ATW_SET_SWC_ADAPTER(const QByteArray &packet);
-    void parse_ATW_SET_CAMARA(const QByteArray &packet);
-    void parse_ATW_SET_SN(const QByteArray &packet);
-    void parse_ATW_SETTING_STATUS(const QByteArray &packet);
-
-    // Feedback of the station
-    void parse_ATF_PWUP_DID(const QByteArray &packet);
-    void parse_ATF_NAVISET_DID(const QByteArray &packet);
-    void parse_ATF_BTSH_DID(const QByteArray &packet);
-    void parse_ATF_BTConnect_DID(const QByteArray &packet);
-    void parse_ATF_BTDisconnect_DID(const QByteArray &packet);
-    void parse_ATF_BTDNBK_DID(const QByteArray &packet);
-    void parse_ATF_BTCALL_DID(const QByteArray &packet);
-
     // Steps of the audio-setting test: 0 switches on, 1 switches off.
     void setSubWooferStatus(int v);
     void setDemoModeStatus(int v);
     void setLPFStatus(int v);
 
-    void acknowledge(const QByteArray &packet);
     void reportPanelKey(int key, int state);
     void startLongPress(int key);
 

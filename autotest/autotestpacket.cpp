@@ -42,9 +42,9 @@ int byteAt(const QByteArray &packet, int offset)
     return offset < packet.size() ? quint8(packet.at(offset)) : 0;
 }
 
-int wrappedByteAt(const QByteArray &packet, int offset)
+int wrappedPayloadByte(const QByteArray &packet, int number)
 {
-    return packet.isEmpty() ? 0 : byteAt(packet, offset % packet.size());
+    return packet.isEmpty() ? 0 : byteAt(packet, (payloadOffset + number) % packet.size());
 }
 
 bool verifiPackageCheckSum(const char *data, int len)

@@ -34,8 +34,13 @@ QByteArray build(quint8 type, quint8 did, const QByteArray &payload);
 /// The byte at an offset of the whole packet, 0..255; 0 past its end. Behind a short payload that
 /// is the checksum.
 int byteAt(const QByteArray &packet, int offset);
-/// The byte at the offset modulo the packet's length.
-int wrappedByteAt(const QByteArray &packet, int offset);
+/// The payload byte with this number, from 0; past the payload as byteAt().
+inline int payloadByte(const QByteArray &packet, int number)
+{
+    return byteAt(packet, payloadOffset + number);
+}
+/// The same at its offset modulo the packet's length.
+int wrappedPayloadByte(const QByteArray &packet, int number);
 
 /// Whether the last byte is the checksum of the packet; logs both values when not. Nothing is read
 /// outside len bytes; without any byte there is no checksum that could be right.

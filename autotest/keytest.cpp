@@ -47,13 +47,13 @@ QByteArray codeOf(int key, const KeyCode (&table)[Rows])
 
 } // namespace
 
-void AutoTestHandler::parse_ATW_DKey_DID(const QByteArray &packet)
+void AutoTestHandlerPrivate::setKeyTest(bool on)
 {
-    m_data->keyDetect = wire::byteAt(packet, 5) == 1;
-    if (m_data->keyDetect)
-        Q_EMIT enterWheelStudyUi();
+    keyDetect = on;
+    if (on)
+        Q_EMIT owner->enterWheelStudyUi();
     else
-        Q_EMIT exitWheelStudyUi();
+        Q_EMIT owner->exitWheelStudyUi();
 }
 
 bool AutoTestHandler::isKeyDetect() { return m_data->keyDetect != 0; }
