@@ -24,13 +24,8 @@ struct CallSite {
     const char *function;
 };
 
-constexpr CallSite callSite(const char *file, int line, const char *function)
-{
-    return {file, line, function};
-}
-
 /// The place in the source where it stands; files are relative to the source root.
-#define CALL_SITE callSite(__FILE__, __LINE__, Q_FUNC_INFO)
+#define CALL_SITE CallSite({__FILE__, __LINE__, Q_FUNC_INFO})
 
 /// Streams of one log line with everything up to and including "--" written. The thread id is asked
 /// from the kernel each time, so it is right in a forked child too.

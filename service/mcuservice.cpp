@@ -131,7 +131,7 @@ bool McuService::init()
 {
     // Log filters know this line by a signature without the result.
     if (isDebugLogged())
-        debugLine(callSite(__FILE__, __LINE__, "void mcu::McuService::init()"));
+        debugLine({__FILE__, __LINE__, "void mcu::McuService::init()"});
     return connectService();
 }
 
