@@ -12,8 +12,8 @@ namespace {
 constexpr int wheelKeyDid = 0xd2;
 constexpr int panelKeyDid = 0x41;
 
-enum Kind { WheelKey = 0, PanelKey = 1 };
-enum State { Pressed = 0, Released = 1, Held = 2 };
+enum Kind : int { WheelKey = 0, PanelKey = 1 };
+enum State : int { Pressed = 0, Released = 1, Held = 2 };
 
 /// The panel key that is reported only as held.
 constexpr int heldOnlyKey = 1;

@@ -4,6 +4,8 @@
 
 #include <QStringList>
 
+namespace mcu {
+
 /// The file that holds them all.
 constexpr char speakerSettingsFile[] = "/media/flash/nvm/factory/settings.ini";
 
@@ -15,3 +17,5 @@ const QStringList speakerLevelPresets{
     QStringLiteral("1,482,482,512,512,512,512"), QStringLiteral("1,452,452,512,512,512,512"),
     QStringLiteral("1,412,412,512,512,512,512"),
 };
+
+} // namespace mcu

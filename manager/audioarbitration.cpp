@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <array>
 
-namespace arbitration {
+namespace mcu::arbitration {
 
 namespace {
 
@@ -40,4 +40,4 @@ bool containsInterrupt(const QList<int> &activeEvents)
                        [&](int code) { return activeEvents.contains(code); });
 }
 
-} // namespace arbitration
+} // namespace mcu::arbitration

@@ -4,7 +4,7 @@
 
 #include <QList>
 
-namespace arbitration {
+namespace mcu::arbitration {
 
 /// What an audio status does to the main audio.
 enum class StatusGroup {
@@ -25,4 +25,4 @@ constexpr RestoreRecord recordOf(bool isOn) { return isOn ? RestoreOn : RestoreO
 /// Whether one of the active platform events interrupts the main audio.
 bool containsInterrupt(const QList<int> &activeEvents);
 
-} // namespace arbitration
+} // namespace mcu::arbitration

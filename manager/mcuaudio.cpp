@@ -17,6 +17,7 @@
 using hxaudio::AudioService;
 using mcu::callOn;
 using mcu::McuService;
+namespace arbitration = mcu::arbitration;
 
 namespace {
 

@@ -12,6 +12,8 @@
 
 using mcu::callOn;
 using mcu::McuService;
+namespace mediarecords = mcu::mediarecords;
+namespace updatefiles = mcu::updatefiles;
 
 namespace {
 

@@ -3,7 +3,7 @@
 
 #include <QtEndian>
 
-namespace mediarecords {
+namespace mcu::mediarecords {
 
 namespace {
 
@@ -63,4 +63,4 @@ MediaRecord callTime(int first, int second, int third)
     return {CallTime, lowBytes(first, second, third)};
 }
 
-} // namespace mediarecords
+} // namespace mcu::mediarecords

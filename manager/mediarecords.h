@@ -7,7 +7,7 @@
 
 #include <array>
 
-namespace mediarecords {
+namespace mcu::mediarecords {
 
 /// A type code of the MCU and the bytes that go with it; their number travels as well.
 struct MediaRecord {
@@ -35,4 +35,4 @@ MediaRecord callName(const QString &name);
 /// One byte each.
 MediaRecord callTime(int first, int second, int third);
 
-} // namespace mediarecords
+} // namespace mcu::mediarecords

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <array>
 
-namespace updatefiles {
+namespace mcu::updatefiles {
 
 namespace {
 
@@ -147,4 +147,4 @@ QString findOnAllMounts(const QString &mediaRoot, const QString &folder, const Q
     return {};
 }
 
-} // namespace updatefiles
+} // namespace mcu::updatefiles

@@ -6,7 +6,7 @@
 
 #include <QString>
 
-namespace updatefiles {
+namespace mcu::updatefiles {
 
 /// A known update image: its folder on the medium, "/update" or "ROOT" for the top level, and its
 /// file name.
@@ -34,4 +34,4 @@ QString findOnFirstMount(const QString &mediaRoot, const QString &folder, const 
 QString findOnAllMounts(const QString &mediaRoot, const QString &folder, const QString &name,
                         const QString &mountKey, bool forceSd);
 
-} // namespace updatefiles
+} // namespace mcu::updatefiles

@@ -1,5 +1,7 @@
 // Vehicle reports in: each slot stores its record, hands on what others need of it and publishes
 // it. The HU and vehicle fault reports are rate-limited by the CAN check timer.
+#include "mcuservice.h"
+
 #include "callon.h"
 #include "mcuservice_p.h"
 #include "mcuvechiclebridge.h"
@@ -181,7 +183,7 @@ void McuService::onsetEcuEdition(QString sw_edition, QString hw_edition)
 
 void McuServicePrivate::markReady(const Readiness &readiness)
 {
-    const bool car = readiness.set == Readiness::Car;
+    const bool car = readiness.set == Readiness::Set::Car;
     quint32 &mask = car ? carReadiness : truckReadiness;
     mask |= readiness.bit;
     if (mask == (car ? allCarReports : allTruckReports) && !canDataReady) {

@@ -94,7 +94,7 @@ void McuServicePrivate::publish(const CallSite &slot, Values... values)
     }
     McuService *service = owner; // GCC 12's sanitizer leaves a member unread in this kind of call
     Q_EMIT(service->*Description.signal)(image<Description>());
-    if constexpr (Description.readiness.set != Readiness::None)
+    if constexpr (Description.readiness.set != Readiness::Set::None)
         markReady(Description.readiness);
 }
 

@@ -1,5 +1,7 @@
 // Truck reports in: each slot stores its record and publishes it. None is rate-limited, none goes
 // to the surround-view bridge.
+#include "mcuservice.h"
+
 #include "mcuservice_p.h"
 
 namespace mcu {

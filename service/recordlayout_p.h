@@ -34,7 +34,9 @@ struct Field {
 
 /// A bit in the set of reports that CANDataReady() waits for.
 struct Readiness {
-    enum Set { None, Car, Truck } set = None;
+    enum class Set { None, Car, Truck };
+
+    Set set = Set::None;
     quint32 bit = 0;
 };
 

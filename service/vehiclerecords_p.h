@@ -5,8 +5,7 @@
 #include "mcuservice.h"
 #include "recordlayout_p.h"
 
-namespace mcu {
-namespace record {
+namespace mcu::record {
 
 /// Fields of 8, 16 and 32 bits; a narrow one keeps the low bits of its value.
 constexpr Field byte(const char *name) { return {name, 1}; }
@@ -17,9 +16,9 @@ constexpr Field le32(const char *name) { return {name, 4}; }
 
 constexpr Field gap() { return {nullptr, 1}; }
 
-constexpr Readiness carBit(quint32 bit) { return {Readiness::Car, bit}; }
+constexpr Readiness carBit(quint32 bit) { return {Readiness::Set::Car, bit}; }
 
-constexpr Readiness truckBit(quint32 bit) { return {Readiness::Truck, bit}; }
+constexpr Readiness truckBit(quint32 bit) { return {Readiness::Set::Truck, bit}; }
 
 inline constexpr RecordDescription ac{
     "Air conditioning",
@@ -375,7 +374,9 @@ inline constexpr RecordDescription truckVehicleParameters{
     truckBit(0x400),
 };
 
-} // namespace record
+} // namespace mcu::record
+
+namespace mcu {
 
 /// All of them: the records that the facade keeps, and what tools and pages show.
 using VehicleRecords = RecordSet<

@@ -11,6 +11,8 @@
 
 #include <cstdio>
 
+namespace updatefiles = mcu::updatefiles;
+
 namespace mcusim {
 
 int updatesCommand(const QStringList &arguments, substitute::VirtualClock *)

@@ -86,7 +86,7 @@ void tst_AudioSetting::readsSettings()
     QCOMPARE(values(77), QVector<int>({1, 2, 3, 4, INT_MIN, INT_MAX, 7}));
     const SettingsFile empty;
     QCOMPARE(values(77), QVector<int>(7, 77));
-    QCOMPARE(speakerLevelPresets.join(' '),
+    QCOMPARE(mcu::speakerLevelPresets.join(' '),
              QString("1,512,512,212,512,512,512 1,512,512,312,512,512,512 "
                      "1,512,512,412,512,512,512 1,512,512,512,512,512,512 "
                      "1,482,482,512,512,512,512 1,452,452,512,512,512,512 "

@@ -21,9 +21,9 @@ QString getterText(const RecordDescription &record)
 
 QString readinessText(const Readiness &readiness)
 {
-    if (readiness.set == Readiness::None)
+    if (readiness.set == Readiness::Set::None)
         return "none, `CANDataReady()` does not wait for it";
-    return readiness.set == Readiness::Car
+    return readiness.set == Readiness::Set::Car
                ? QString("car set, bit 0x%1 of `getCANDataSignal()`")
                      .arg(readiness.bit, 2, 16, QChar('0'))
                : QString("truck set, bit 0x%1").arg(readiness.bit, 0, 16);

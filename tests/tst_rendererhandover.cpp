@@ -14,6 +14,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+using namespace mcu;
+
 namespace {
 
 key_t askedKey = 0;

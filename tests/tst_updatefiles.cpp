@@ -13,6 +13,8 @@
 #include <sys/stat.h>
 #include <unistd.h>
 
+namespace updatefiles = mcu::updatefiles;
+
 namespace {
 
 /// Mounts in a private folder, from paths parted by blanks: "sda1/" is an empty folder, "a>b" a

@@ -97,7 +97,7 @@ void McuVechicleBridge::notifyDoorUpdate(int doorState)
 void McuVechicleBridge::notifySteeringAngleUpdate(int angle)
 {
     // Not logged: the angle moves with every report of a drive.
-    const int percent = steeringPercent(angle);
+    const int percent = mcu::steeringPercent(angle);
     if (percent == m_wheelAngle)
         return;
     m_wheelAngle = percent;
@@ -109,10 +109,11 @@ void McuVechicleBridge::notifyRadarUpdate(int *front, int *rear, int /*pasSwitch
 {
     MCU_DEBUG << front[0] << front[1] << front[2] << front[3];
     MCU_DEBUG << rear[0] << rear[1] << rear[2] << rear[3];
-    m_frontRadar = radarDistances(front);
-    m_rearRadar = radarDistances(rear);
-    handOverToRenderer(radarImage(m_frontRadar, m_rearRadar), releaseKeyFile, rendererNode);
+    m_frontRadar = mcu::radarDistances(front);
+    m_rearRadar = mcu::radarDistances(rear);
+    mcu::handOverToRenderer(mcu::radarImage(m_frontRadar, m_rearRadar), releaseKeyFile,
+                            rendererNode);
     Q_EMIT radarDistanceChanged();
 }
 
-bool is_avm_service_release_uart() { return isUartReleased(releaseKeyFile); }
+bool is_avm_service_release_uart() { return mcu::isUartReleased(releaseKeyFile); }

@@ -6,6 +6,8 @@
 
 #include <array>
 
+namespace mcu {
+
 /// One value for each sensor of a bumper, from left to right.
 using RadarDistances = std::array<int, 4>;
 
@@ -21,3 +23,5 @@ RadarDistances radarDistances(const int *codes);
 
 /// The write that carries these distances. A frame has one byte for each and takes the low one.
 RadarImage radarImage(const RadarDistances &front, const RadarDistances &rear);
+
+} // namespace mcu

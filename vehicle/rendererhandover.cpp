@@ -10,6 +10,8 @@
 #include <sys/sem.h>
 #include <unistd.h>
 
+namespace mcu {
+
 bool isUartReleased(const char *keyFile)
 {
     // Without its key file the semaphore is looked up all the same, under the key -1.
@@ -53,3 +55,5 @@ void writeWithoutSignal(int descriptor, const RadarImage &image)
     }
     pthread_sigmask(SIG_SETMASK, &maskBefore, nullptr);
 }
+
+} // namespace mcu

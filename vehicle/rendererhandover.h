@@ -4,6 +4,8 @@
 
 #include "radarframe.h"
 
+namespace mcu {
+
 /// True while the renderer's release semaphore is above 0. `keyFile` names the semaphore, which is
 /// created if missing and never changed. Trouble with either is told on standard error.
 bool isUartReleased(const char *keyFile);
@@ -15,3 +17,5 @@ void handOverToRenderer(const RadarImage &image, const char *keyFile, const char
 /// Writes the image to an open descriptor. A reader that has gone costs the image, but raises no
 /// SIGPIPE; the signal set-up of the application is as before.
 void writeWithoutSignal(int descriptor, const RadarImage &image);
+
+} // namespace mcu

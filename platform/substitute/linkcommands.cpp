@@ -5,6 +5,7 @@
 #include "linksubstitute.h"
 
 namespace mcu {
+
 namespace {
 
 using substitute::link::log;

@@ -22,6 +22,7 @@ McuSrv *McuSrv::instance()
 }
 
 namespace substitute {
+
 namespace {
 
 struct Query {
@@ -150,7 +151,9 @@ QString describe(const QMetaMethod &method)
                                         parametersOf(method).join(QStringLiteral(", ")));
 }
 
-namespace link {
+} // namespace substitute
+
+namespace substitute::link {
 
 CallLog &log()
 {
@@ -236,5 +239,4 @@ void reset()
     answers().clear();
 }
 
-} // namespace link
-} // namespace substitute
+} // namespace substitute::link

@@ -19,7 +19,9 @@ enum class Emitter {
 /// A method as text, with the parameter names: "keyEventSgl(int key, int state)".
 QString describe(const QMetaMethod &method);
 
-namespace link {
+} // namespace substitute
+
+namespace substitute::link {
 
 /// Every command and init() that the link received since the start or the last clear. Commands by
 /// the link's names ("SetVolume"). Queries are not commands and are not logged.
@@ -51,5 +53,4 @@ QList<QMetaMethod> commandMethods();
 /// Forgets log and answers, as in a fresh process; a listener of the log stays.
 void reset();
 
-} // namespace link
-} // namespace substitute
+} // namespace substitute::link

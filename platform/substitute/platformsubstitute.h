@@ -4,8 +4,7 @@
 
 #include "substitutelog.h"
 
-namespace substitute {
-namespace platform {
+namespace substitute::platform {
 
 /// Every call that the platform services received, in order over all of them:
 /// "AudioService.Att20DB", "DateTimeManager.setDateTime", "EventHandler.onEvent",
@@ -40,5 +39,4 @@ QString settingsRoot();
 /// the log stay.
 void reset();
 
-} // namespace platform
-} // namespace substitute
+} // namespace substitute::platform
