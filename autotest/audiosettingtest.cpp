@@ -28,7 +28,7 @@ int wrappingSum(int left, unsigned right) { return int(unsigned(left) + right); 
 /// when the type has no filter.
 bool applyFilter(McuService *service, int type, int speakerMode, bool on, int value, int slope)
 {
-    constexpr unsigned thirdTypeOffset = 11; // values of type 3 are sent so much higher
+    constexpr unsigned thirdTypeOffset = 11; // Kept: the amplifier counts type 3 from there
     const int sentValue = on ? value : 0;
     const int sentSlope = on ? slope : 0;
     if (type == 0)

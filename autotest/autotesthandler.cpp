@@ -90,8 +90,8 @@ void AutoTestHandler::onAutoTestPkgChanged(QByteArray data)
         MCU_DEBUG << "not found sync id.";
         return;
     }
-    // One packet for each chunk: stations wait for the answer before they send on. What else is in
-    // the chunk waits for later ones.
+    // Kept: one packet for each chunk; stations wait for the answer before they send on. What else
+    // is in the chunk waits for later ones.
     analysisData();
 }
 

@@ -15,6 +15,9 @@ namespace mcu {
 
 class AutoTestHandlerPrivate;
 
+// Kept: misspelled names, such as readLaguage() and setMedisSource(), and setSN(), which nothing
+// emits; applications connect by them.
+
 /// Speaks the protocol of the factory test station, whose packets the MCU carries.
 ///
 /// Between start() and stop() the packets that arrive through McuService::autoTestPkgChanged() are

@@ -92,7 +92,8 @@ bool ReceiveBuffer::checkPackageIsEntire(QByteArray &packet)
     }
     const char *front = m_bytes.data() + m_begin;
     const quint8 length = quint8(front[lengthOffset]);
-    const quint8 total = quint8(length + uncounted); // 8 bits: 0xfc and above wrap to 0..3
+    // Kept: in 8 bits as the station counts, so 0xfc and above wrap to 0..3.
+    const quint8 total = quint8(length + uncounted);
     if (total > size()) {
         MCU_DEBUG << size() << total << length;
         return false;

@@ -15,7 +15,8 @@ constexpr int panelKeyDid = 0x41;
 enum Kind : int { WheelKey = 0, PanelKey = 1 };
 enum State : int { Pressed = 0, Released = 1, Held = 2 };
 
-/// The panel key that is reported only as held.
+/// Kept: the panel key that is reported only as held, even when released before; the station
+/// expects it so.
 constexpr int heldOnlyKey = 1;
 
 struct KeyCode {
@@ -58,6 +59,7 @@ void AutoTestHandlerPrivate::setKeyTest(bool on)
 
 bool AutoTestHandler::isKeyDetect() { return m_data->keyDetect != 0; }
 
+// Kept: both names for the one flag, applications use either.
 bool AutoTestHandler::isInKeyTest() { return isKeyDetect(); }
 
 void AutoTestHandler::onKeyHandle(int key, int state) { onHuKeyHandle(key, state, WheelKey); }

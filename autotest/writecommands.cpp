@@ -23,6 +23,7 @@ struct WriteRequests {
     AutoTestHandler *test;
     AutoTestHandlerPrivate *data;
 
+    // Kept: bytes beyond the end are read from the start in these three; stations send short ones.
     void parse_ATW_SOUND_DID(const QByteArray &packet)
     {
         Q_EMIT test->setSoundInfo(payloadByte(packet, 0), wrappedPayloadByte(packet, 1));
@@ -215,7 +216,7 @@ void AutoTestHandler::parseWriteData(const QByteArray &packet)
 
 void AutoTestHandlerPrivate::acknowledge(const QByteArray &request)
 {
-    constexpr int setSerialNumber = 0xf6; // never acknowledged: the station expects silence
+    constexpr int setSerialNumber = 0xf6; // Kept: never acknowledged, the station expects silence
     constexpr int audioSettings = 0xf7;
     const int did = wire::byteAt(request, wire::didOffset);
     if (did == audioSettings)

@@ -21,10 +21,11 @@ namespace arbitration = mcu::arbitration;
 
 namespace {
 
-/// Type of the MCU mute that covers a switch of the main audio.
+/// Type of the MCU mute that covers a switch of the main audio. Kept: a manager over a service of
+/// one's own covers it through instance(), for the mute is that of the one MCU.
 constexpr int switchMute = 50;
 
-constexpr char duckMarker[] = "~~~~~~~~~~~~~~~~~~~~~~~";
+constexpr char duckMarker[] = "~~~~~~~~~~~~~~~~~~~~~~~"; ///< Kept: log filters know the text
 
 } // namespace
 
@@ -130,8 +131,8 @@ void McuManager::checkEventOffRestoreMute()
         return;
     }
 
-    // -> restoring. Both conditions on the attenuation are meant so: giving it back cancels the
-    // restore of the mute, and taking it off goes by the mute record.
+    // -> restoring. Kept: restoring attenuation cancels the mute restore, and taking attenuation
+    // off goes by the mute record; audio applications rely on both.
     MCU_DEBUG << m_atttoreMuteOfEvtOff;
     if (m_atttoreMuteOfEvtOff == arbitration::RestoreOn) {
         MCU_DEBUG << "restore att";

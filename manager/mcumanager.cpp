@@ -48,7 +48,7 @@ McuManager *McuManager::instance()
 
 McuManager::McuManager(McuService *service) : m_service(service)
 {
-    // The labels look crossed over; tools read the lines by them.
+    // Kept: the labels look crossed over, but tools read the lines by them.
     MCU_DEBUG << "Hardware Version:" << mcuUserVersion();
     MCU_DEBUG << "MCU Version:" << mcuTestVersion();
     requestRadioInitData();
@@ -118,7 +118,7 @@ void McuManager::setWatchDogEnable(bool enable)
 
 void McuManager::onWatchdogTmrout()
 {
-    // For the debugger alone: when the MCU was last told.
+    // Kept: nothing reads it but the debugger, when the MCU was last told.
     static QTime lastKick;
     lastKick = QTime::currentTime();
     setWatchDogEnable(true);
@@ -130,6 +130,7 @@ QString McuManager::mcuTestVersion() { return callOn(m_service, &McuService::tes
 
 QString McuManager::mcuUserVersion() { return callOn(m_service, &McuService::user_version); }
 
+// Kept: the fixed text without a service; applications compare with it.
 QString McuManager::cpSerialNumber()
 {
     return m_service ? m_service->snIdName() : QStringLiteral("40527BKFM18264");
@@ -170,6 +171,7 @@ void McuManager::setVolume(int level) { callOn(m_service, &McuService::SetVolume
 
 void McuManager::setMute(bool mute) { callOn(m_service, &McuService::setMute, mute, 0); }
 
+// Kept: applications call it; it does nothing.
 void McuManager::setAudioMute(bool) {}
 
 void McuManager::setAudioMute(int mute, int type)
@@ -369,6 +371,8 @@ void McuManager::updateDeviceStatus(McuManager::DeviceType type, McuManager::Dev
 {
     callOn(m_service, &McuService::updateDeviceStatus, type, status);
 }
+
+// Kept: applications call the two; they do nothing.
 
 void McuManager::setNCMTestMode() {}
 

@@ -16,6 +16,9 @@ namespace mcu {
 class McuService;
 }
 
+// Kept: misspelled names, such as updateBtDeveciname() and m_atttoreMuteOfEvtOff, and signals that
+// nothing emits; applications are linked against them and connect by them.
+
 /// The applications' manager over mcu::McuService.
 ///
 /// Commands go straight to the facade with their arguments unchanged: codes are the MCU's, no range
@@ -315,14 +318,14 @@ private:
     // An updateAudioStatus() in another thread meets slots here that take no lock. What both touch
     // is atomic: a value is always whole, and which of two that meet comes first is open anyway.
     std::atomic<int> m_audioStatus{0};
-    int m_lastAudioStatus = 0; ///< for the debugger; nothing reads it
+    int m_lastAudioStatus = 0; ///< Kept: nothing reads it but the debugger
     QMutex m_mutex;
     bool m_cpPhone = false;
     bool m_carplayAlert = false;
     bool m_cpConnected = false;
     bool m_mainMuted = false;
-    // Nothing sets the two pending flags and nothing starts the 200 ms timer whose slot reads them;
-    // the slot is part of the interface.
+    // Kept: nothing sets the two pending flags and nothing starts the 200 ms timer whose slot reads
+    // them, but the slot is part of the interface.
     bool m_pendingAtt = false;
     bool m_pendingMute = false;
     std::atomic<bool> m_phoneEndPending{false};

@@ -18,9 +18,10 @@ struct Image {
 /// The image of an McuManager::UpdateFile value; null texts for an unknown one.
 Image imageOf(int updateFile);
 
-// Both searches return an absolute path or an empty text. Mounts and entries come by name, ignoring
-// case. An unreadable folder counts as empty. With "ROOT" the name must match exactly; it may lead
-// through folders, but not out of the mount.
+// Kept: the two searches differ in the mounts and in how they take the folder; update applications
+// use both. Both return an absolute path or an empty text. Mounts and entries come by name,
+// ignoring case. An unreadable folder counts as empty. With "ROOT" the name must match exactly; it
+// may lead through folders, but not out of the mount.
 
 /// Looks on the first mount with "/sd" in its path and on no other. The folder is the one called
 /// "update", in any case, whatever `folder` says; the file matches in any case. Log lines name the

@@ -56,12 +56,12 @@ void McuRadioInterface::mute(bool val)
     if (m_link)
         m_link->mute(val);
     else
-        MCU_CRITICAL << "mcu_radio_tune: no radio interface."; // log filters know both by this text
+        MCU_CRITICAL << "mcu_radio_tune: no radio interface."; // Kept: log filters know both so
 }
 
 void McuRadioInterface::setRdsOnOff(bool state)
 {
-    MCU_DEBUG << "==============";
+    MCU_DEBUG << "=============="; // Kept: log filters know the text
     callOn(m_link, &McuSrv::setRdsOnOff, state);
 }
 
@@ -146,13 +146,13 @@ void McuRadioInterface::onAsStationChanged(int freq) { Q_EMIT stationChanged(fre
 void McuRadioInterface::onAsStationFound(int freq, int smeter)
 {
     MCU_DEBUG << freq << smeter;
-    // The signal names its parameters the other way round; receivers go by position.
+    // Kept: the signal names its parameters the other way round; receivers go by position.
     Q_EMIT asStationFound(freq, smeter);
 }
 
 void McuRadioInterface::onTunerStateChanged(int state)
 {
-    MCU_DEBUG << "1111111111111111111111111111111" << state;
+    MCU_DEBUG << "1111111111111111111111111111111" << state; // Kept: log filters know the text
     Q_EMIT tunerStateChanged(state);
 }
 

@@ -5,6 +5,9 @@
 
 #include <QString>
 
+// Kept: the name, misspelled, and a table that differs from the public one; applications are linked
+// against both.
+
 /// Converts the 8-bit EBU Latin based character set of broadcasts. No state; usable from any
 /// thread.
 class MCUSERVICE_EXPORT radioStringConnver {

@@ -55,7 +55,7 @@ void McuService::onDabWorkStatus(int status)
 {
     McuRadioInterface::instance()->onTunerStateChanged(status);
     m_data->tunerWorkStatus = status;
-    // 0 gives the pair 0 then 1: listeners take the last value.
+    // Kept: 0 gives the pair 0 then 1, and listeners take the last value.
     if (status == 0)
         Q_EMIT radioStatusChanged(0);
     Q_EMIT radioStatusChanged(1);
@@ -63,7 +63,7 @@ void McuService::onDabWorkStatus(int status)
 
 bool McuService::radioIsIdle()
 {
-    // The tuner reports a working state as non-zero; the name stays for its callers.
+    // Kept: true while the tuner works, whatever the name says; callers know it so.
     return m_data->tunerWorkStatus != 0;
 }
 

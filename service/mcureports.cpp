@@ -75,6 +75,7 @@ void McuService::onReportFeatureCodeChanged(int code0, int code1, int code2, int
 void McuService::onReportFeatureVelroCodeChanged(QByteArray pkg)
 {
     m_data->featureCodePackage = pkg;
+    // Kept: log filters know the line by this text.
     MCU_DEBUG << "TTTTTTTTT111111111---------------------------";
     Q_EMIT syncFeatureCodeInforUpdate(m_data->featureCodePackage);
 }
@@ -174,6 +175,7 @@ void McuService::onSetAmpEdition(QString sw_edition, QString hw_edition)
     m_data->ampHwEdition = hw_edition;
 }
 
+// Kept: the lower-case s, connections name the slot so.
 void McuService::onsetEcuEdition(QString sw_edition, QString hw_edition)
 {
     m_data->ecuSwEdition = sw_edition;
@@ -211,6 +213,7 @@ void McuService::onCheckCanbusTmrDelay()
 {
     const auto expires = [](qint8 &delay) { return delay != 0 && --delay == 0; };
 
+    // Kept: nothing sets the AC counter; it waits for a climate rate limit of the MCU.
     if (expires(m_data->acDelay)) {
         MCU_DEBUG << "syncACInforUpdate";
         Q_EMIT syncACInforUpdate(m_data->image<record::ac>());
@@ -228,6 +231,7 @@ void McuService::onCheckCanbusTmrDelay()
 
 QByteArray McuService::getReportAVMDate()
 {
+    // Kept: log filters follow the working state by this line.
     constexpr std::size_t workState = 2; // its place among the fields
     MCU_DEBUG << "\n " << m_data->records.of<record::avm>().value<workState>();
     return m_data->image<record::avm>();

@@ -78,6 +78,7 @@ constexpr Wire wiring[]{
     {"reportTruckTpmsPressureChangedSgl", "onReportTruckTpmsPressureChanged"},
     {"reportTruckVehicleAlertsChangedSgl", "onReportTruckVehicleAlertsChanged"},
     {"reportTruckPerformanceParametersChangedSgl", "onReportTruckPerformanceParametersChanged"},
+    // Kept: the link declares this one signal without "Sgl".
     {"reportTruckVehicleParametersChanged", "onReportTruckVehicleParametersChanged"},
     {"audioVolumeSgl", "onAudioVolume"},
     {"volumeTurnSgl", "onVolumeTurn"},
@@ -129,7 +130,7 @@ McuService::~McuService() = default;
 
 bool McuService::init()
 {
-    // Log filters know this line by a signature without the result.
+    // Kept: log filters know this line by a signature without the result.
     if (isDebugLogged())
         debugLine({__FILE__, __LINE__, "void mcu::McuService::init()"});
     return connectService();

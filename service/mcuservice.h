@@ -18,6 +18,9 @@ namespace mcu {
 class McuServicePrivate;
 class McuSrv;
 
+// Kept: misspelled names, such as avmReverrseChanged(), getEcuEdititon() and onsetEcuEdition(), and
+// pairs of names; applications are linked against them and connect by them.
+
 /// The one way of all applications to the vehicle MCU.
 ///
 /// The host application calls init() once; from then on every report of the MCU link arrives here,

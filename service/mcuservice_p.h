@@ -54,8 +54,7 @@ public:
     bool canDataReady = false;
     QByteArray featureCodePackage;
 
-    // Ticks of the CAN check timer until a held-back report is emitted again. Nothing arms the AC
-    // counter: its place in the walk is kept for the day a climate rate limit comes back.
+    // Ticks of the CAN check timer until a held-back report is emitted again.
     qint8 acDelay = 0;
     qint8 vehicleFaultDelay = 0;
     qint8 huDelay = 0;

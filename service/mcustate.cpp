@@ -36,7 +36,7 @@ void McuService::onKeyEvent(int key, int state)
 {
     if (m_data->usbOverCurrent)
         Q_EMIT hideUsbOverPower();
-    MCU_DEBUG << "--------------------------------------" << key;
+    MCU_DEBUG << "--------------------------------------" << key; // Kept: log filters know the text
     Q_EMIT keyEvent(key, state);
     if (state != 0)
         Q_EMIT keyReleased(key);
@@ -56,14 +56,15 @@ void McuService::onAudioVolume(int muteState, int level, int type)
     notifyAttState(muteState);
     if (m_data->usbOverCurrent)
         Q_EMIT hideUsbOverPower();
+    // Kept: both forms, applications connect to either.
     Q_EMIT audioVolumeChanged(muteState, level, type);
     Q_EMIT audioVolumeChanged(muteState == 1, level, type);
 }
 
 void McuService::onUsbPowerStatus(int status)
 {
-    // Any report of this kind means that the warning shows; nothing takes the flag back, so every
-    // later user action closes the warning.
+    // Kept: set whatever the status and never cleared. Any report of this kind means that the
+    // warning shows, and the screens count on every later user action to close it.
     m_data->usbOverCurrent = true;
     Q_EMIT usbPowerStatus(status);
 }
@@ -175,7 +176,7 @@ void McuService::onStwAdcValueChanged(int value)
     Q_EMIT stwAdcValueChanged(value);
 }
 
-// The car type travels only towards the MCU; its report is accepted and dropped.
+// Kept: the MCU sends the report, but the car type travels only towards it.
 void McuService::onStwCarTypeChanged(int) {}
 
 // Queries and small setters
@@ -184,6 +185,7 @@ bool McuService::isUsbOverCurrent() { return m_data->usbOverCurrent; }
 
 QString McuService::snIdName() { return m_data->snIdName; }
 
+// Kept: applications ask, nothing reports it.
 int McuService::snIdChecksum() { return m_data->snIdChecksum; }
 
 bool McuService::getNeedSyncTimeState() { return m_data->needSyncTime; }
@@ -226,6 +228,7 @@ bool McuService::isReverseFromMcuSrv() const { return callOn(m_link, &McuSrv::is
 
 bool McuService::isMuteFromMcuSrv() const { return callOn(m_link, &McuSrv::isMuteOn); }
 
+// Kept: applications ask whether there is a satellite radio; there is one in every unit.
 int McuService::sxmExist() { return 1; }
 
 int McuService::getDest() { return m_data->destCode; }

@@ -82,7 +82,7 @@ inline constexpr RecordDescription hu{
      byte("HU_Date5"), byte("HU_Date6"), byte("HU_Date7"), byte("HU_Date8"), byte("HU_Date9"),
      byte("HU_Date10"), byte("HU_Date11")},
     carBit(2),
-    Hold{2, 4, false}, // a running period is not extended
+    Hold{2, 4, false}, // Kept: unlike a fault, a report does not extend a running period
 };
 
 inline constexpr RecordDescription amb{
@@ -238,7 +238,7 @@ inline constexpr RecordDescription truckSecurity{
     truckBit(0x40),
 };
 
-// The dump tag leaves out "health": log filters in the field know it so.
+// Kept: the dump tag leaves out "health"; log filters know it so.
 inline constexpr RecordDescription truckVehicleHealth{
     "Truck: vehicle health",
     "reportTruckVehicleHealthChangedSgl",

@@ -10,7 +10,7 @@
 
 namespace {
 
-// The stems differ, "server" and "service": these are the names that the renderer uses.
+// Kept: the stems differ, "server" and "service", as the renderer has them.
 constexpr char releaseKeyFile[] = "/tmp/avmrenderserver_releaseuart";
 constexpr char rendererNode[] = "/tmp/avmrenderservice_rx";
 

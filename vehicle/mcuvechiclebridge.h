@@ -9,6 +9,8 @@
 
 #include <array>
 
+// Kept: the name, misspelled; the renderer is linked against it.
+
 /// Vehicle signals for the surround-view renderer, the one object of the process.
 ///
 /// Keeps the last state of each signal and emits only when it changes; the parking distances are

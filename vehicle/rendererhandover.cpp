@@ -14,7 +14,8 @@ namespace mcu {
 
 bool isUartReleased(const char *keyFile)
 {
-    // Without its key file the semaphore is looked up all the same, under the key -1.
+    // Kept: without its key file the semaphore is looked up all the same, under the key -1, and the
+    // texts on standard error name a function of the renderer's; its tools know both.
     const key_t key = ftok(keyFile, 1);
     if (key == -1)
         std::perror("do_notify_release_uart (ftok)");
