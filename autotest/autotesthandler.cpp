@@ -50,7 +50,7 @@ void AutoTestHandler::stop()
                SLOT(onAutoTestPkgChanged(QByteArray)));
 }
 
-bool AutoTestHandler::isInAutotestMode() const { return m_data->inAutotestMode != 0; }
+bool AutoTestHandler::isInAutotestMode() { return m_data->inAutotestMode != 0; }
 
 // Packets in
 

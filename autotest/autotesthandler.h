@@ -31,6 +31,8 @@ class AutoTestHandlerPrivate;
 /// Packets leave through McuService::sendAutoTestPkgToMcu(), outside the test mode too; without a
 /// link they go nowhere. A payload is cut off at 253 bytes. Everything runs in the thread that
 /// first called instance(), which must be the facade's.
+///
+/// The getters carry no const: applications are linked against the names without it.
 class MCUSERVICE_EXPORT AutoTestHandler : public QObject {
     Q_OBJECT
 
@@ -46,9 +48,9 @@ public:
     void start();
     void stop();
     /// Whether packets are being received; false before the first start().
-    bool isInAutotestMode() const;
+    bool isInAutotestMode();
     /// Whether the key test is on, the same as isInKeyTest().
-    bool isKeyDetect() const;
+    bool isKeyDetect();
 
     // Answers to read requests, by DID (its low 8 bits): the data, or one byte item and the data.
 

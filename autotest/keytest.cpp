@@ -56,7 +56,7 @@ void AutoTestHandler::parse_ATW_DKey_DID(const QByteArray &packet)
         Q_EMIT exitWheelStudyUi();
 }
 
-bool AutoTestHandler::isKeyDetect() const { return m_data->keyDetect != 0; }
+bool AutoTestHandler::isKeyDetect() { return m_data->keyDetect != 0; }
 
 bool AutoTestHandler::isInKeyTest() { return isKeyDetect(); }
 

@@ -25,6 +25,9 @@ class McuService;
 /// The object lives in the thread that first calls instance(), which must be the facade's: its
 /// timers and slots run there, and it is where to call everything. updateAudioStatus() alone may be
 /// called from any thread. Nothing throws, nothing blocks.
+///
+/// const is part of the names that applications are linked against: of the getters,
+/// autotestStatus() alone carries it.
 class MCUSERVICE_EXPORT McuManager : public QObject {
     Q_OBJECT
 
@@ -234,21 +237,23 @@ public:
     void updateCallTime(int a, int b, int c);
 
     // Update files on the media mounted under "/media": the absolute path, or an empty text when
-    // there is none. Only folders are read. Media and entries are taken by name, ignoring case.
+    // there is none. Only folders are read. Media and entries are taken by name, ignoring case. In
+    // folder "ROOT", the top level, a name counts exactly and may lead through folders, but not out
+    // of the medium.
 
     /// Looks on the first medium with "/sd" in its path, and on no other.
     QString findUpdateFile(McuManager::UpdateFile file);
     /// Looks on all media with the key in their path; a null key stands for "/sd", an empty one is
     /// in every path. NavigationMarker is not known here. Not enabled: looks for nothing.
     QString findUpdateFile(McuManager::UpdateFile file, QString mountKey, bool enabled);
-    /// The first medium with "/sd" in its path. Folder "ROOT": the entry of exactly that plain name
-    /// at the top level. Else the file in the medium's folder "update", both in any case; an empty
-    /// folder takes files at the top level too.
+    /// The first medium with "/sd" in its path. Folder "ROOT": the entry of that name. Else the
+    /// file in the medium's folder "update", both in any case; an empty folder takes files at the
+    /// top level too.
     QString findUpdateFile(QString folder, QString name);
     /// All media with the key in their path, or "/sd" for a null key and when forced. Folder
-    /// "ROOT": the entry of exactly that name at the top level of the first such medium that is not
-    /// empty. Else the file, in any case, in folders of the medium whose path contains the folder
-    /// given; an empty folder takes files at the top level too.
+    /// "ROOT": the entry of that name on the first such medium that is not empty. Else the file, in
+    /// any case, in folders of the medium whose path contains the folder given; an empty folder
+    /// takes files at the top level too.
     QString findUpdateFile(QString folder, QString name, QString mountKey, bool forceSd);
 
 Q_SIGNALS:

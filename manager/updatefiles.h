@@ -19,18 +19,18 @@ struct Image {
 Image imageOf(int updateFile);
 
 // Both searches return an absolute path or an empty text. Mounts and entries come by name, ignoring
-// case. An unreadable folder counts as empty.
+// case. An unreadable folder counts as empty. With "ROOT" the name must match exactly; it may lead
+// through folders, but not out of the mount.
 
 /// Looks on the first mount with "/sd" in its path and on no other. The folder is the one called
-/// "update", in any case, whatever `folder` says; the file matches in any case. With "ROOT" the
-/// name must match exactly. Log lines name the caller.
+/// "update", in any case, whatever `folder` says; the file matches in any case. Log lines name the
+/// caller.
 QString findOnFirstMount(const QString &mediaRoot, const QString &folder, const QString &name,
                          const CallSite &caller);
 
 /// Looks on every mount with the key in its path: `mountKey`, or "/sd" for a null one and when
 /// `forceSd` is set. The folder is any whose path contains `folder` exactly; the file matches in
-/// any case. With "ROOT" only the first such mount that is not empty counts, and the name must
-/// match exactly.
+/// any case. With "ROOT" only the first such mount that is not empty counts.
 QString findOnAllMounts(const QString &mediaRoot, const QString &folder, const QString &name,
                         const QString &mountKey, bool forceSd);
 

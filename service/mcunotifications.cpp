@@ -63,7 +63,7 @@ void McuService::onDabWorkStatus(int status)
     Q_EMIT radioStatusChanged(1);
 }
 
-bool McuService::radioIsIdle() const
+bool McuService::radioIsIdle()
 {
     // The tuner reports a working state as non-zero; the name stays for its callers.
     return m_data->tunerWorkStatus != 0;
@@ -96,25 +96,13 @@ void McuService::setGpsAntAttach() { m_data->gpsAntenna = antennaConnected; }
 
 void McuService::setGpsAntShort() { onGpsAntennaChanged(antennaAbnormal); }
 
-bool McuService::gpsAntennaIsConnected() const
-{
-    return (m_data->gpsAntenna & antennaConnected) != 0;
-}
+bool McuService::gpsAntennaIsConnected() { return (m_data->gpsAntenna & antennaConnected) != 0; }
 
-bool McuService::gpsAntennaIsAbnormal() const
-{
-    return (m_data->gpsAntenna & antennaAbnormal) != 0;
-}
+bool McuService::gpsAntennaIsAbnormal() { return (m_data->gpsAntenna & antennaAbnormal) != 0; }
 
-bool McuService::dabAntennaIsConnected() const
-{
-    return (m_data->dabAntenna & antennaConnected) != 0;
-}
+bool McuService::dabAntennaIsConnected() { return (m_data->dabAntenna & antennaConnected) != 0; }
 
-bool McuService::dabAntennaIsAbnormal() const
-{
-    return (m_data->dabAntenna & antennaAbnormal) != 0;
-}
+bool McuService::dabAntennaIsAbnormal() { return (m_data->dabAntenna & antennaAbnormal) != 0; }
 
 // Factory test
 

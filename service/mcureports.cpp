@@ -112,8 +112,8 @@ void McuService::onReportPdcChanged(int FFLPDCDistance, int FSLPDCDistance, int 
                       PDCSysSts, ReverseAssisVideo);
     m_data->publish(m_data->pdc, &McuService::syncPdcInforUpdate, CALL_SITE);
     // The bridge converts the whole values, not the bytes of the record.
-    const int front[]{FFLPDCDistance, FSLPDCDistance, FSRPDCDistance, FFRPDCDistance};
-    const int rear[]{RFLPDCDistance, RSLPDCDistance, RSRPDCDistance, RFRPDCDistance};
+    int front[]{FFLPDCDistance, FSLPDCDistance, FSRPDCDistance, FFRPDCDistance};
+    int rear[]{RFLPDCDistance, RSLPDCDistance, RSRPDCDistance, RFRPDCDistance};
     McuVechicleBridge::instance()->notifyRadarUpdate(front, rear, PAS_SW, PDCSysSts,
                                                      ReverseAssisVideo);
 }
@@ -245,16 +245,16 @@ void McuService::onCheckCanbusTmrDelay()
     }
 }
 
-QByteArray McuService::getReportAVMDate() const
+QByteArray McuService::getReportAVMDate()
 {
     constexpr std::size_t workState = 2; // its place among the fields
     MCU_DEBUG << "\n " << m_data->avm.value<workState>();
     return m_data->avm.bytes();
 }
 
-int McuService::getVehicleSpeed() const { return m_data->vehicleSpeed.value<0>(); }
+int McuService::getVehicleSpeed() { return m_data->vehicleSpeed.value<0>(); }
 
-int McuService::getAmpStatus() const { return m_data->ampStatus.value<0>(); }
+int McuService::getAmpStatus() { return m_data->ampStatus.value<0>(); }
 
 QByteArray McuService::getReportFeatureCodeChanged()
 {
@@ -274,39 +274,36 @@ QByteArray McuService::getVelroReportFeatureCodeChanged()
 
 int McuService::getFeatureDataStatus() { return callOn(m_link, &McuSrv::getFeatureDataStatus); }
 
-QString McuService::getAmpSwEdition() const { return m_data->ampSwEdition; }
+QString McuService::getAmpSwEdition() { return m_data->ampSwEdition; }
 
-QString McuService::getAmpHwEdition() const { return m_data->ampHwEdition; }
+QString McuService::getAmpHwEdition() { return m_data->ampHwEdition; }
 
-QString McuService::getEcuSwEdition() const { return m_data->ecuSwEdition; }
+QString McuService::getEcuSwEdition() { return m_data->ecuSwEdition; }
 
-QString McuService::getEcuHwEdition() const { return m_data->ecuHwEdition; }
+QString McuService::getEcuHwEdition() { return m_data->ecuHwEdition; }
 
-bool McuService::getCANDataReady() const { return m_data->canDataReady; }
+bool McuService::getCANDataReady() { return m_data->canDataReady; }
 
-int McuService::getCANDataSignal() const { return int(m_data->carReadiness); }
+int McuService::getCANDataSignal() { return int(m_data->carReadiness); }
 
-QByteArray McuService::getReportACDate() const { return m_data->ac.bytes(); }
+QByteArray McuService::getReportACDate() { return m_data->ac.bytes(); }
 
-QByteArray McuService::getSteeringAngleChanged() const { return m_data->steeringAngle.bytes(); }
+QByteArray McuService::getSteeringAngleChanged() { return m_data->steeringAngle.bytes(); }
 
-QByteArray McuService::getReportHuDate() const { return m_data->hu.bytes(); }
+QByteArray McuService::getReportHuDate() { return m_data->hu.bytes(); }
 
-QByteArray McuService::getReportPdcDate() const { return m_data->pdc.bytes(); }
+QByteArray McuService::getReportPdcDate() { return m_data->pdc.bytes(); }
 
-QByteArray McuService::getReportTpmsDate() const { return m_data->tpms.bytes(); }
+QByteArray McuService::getReportTpmsDate() { return m_data->tpms.bytes(); }
 
-QByteArray McuService::getReportVehicleBodyDate() const { return m_data->vehicleBody.bytes(); }
+QByteArray McuService::getReportVehicleBodyDate() { return m_data->vehicleBody.bytes(); }
 
-QByteArray McuService::getReportMeterSetting() const { return m_data->meterSetting.bytes(); }
+QByteArray McuService::getReportMeterSetting() { return m_data->meterSetting.bytes(); }
 
-QByteArray McuService::getReportVehicleFaultData() const { return m_data->vehicleFault.bytes(); }
+QByteArray McuService::getReportVehicleFaultData() { return m_data->vehicleFault.bytes(); }
 
-QByteArray McuService::getReportAmpStatusDate() const { return m_data->ampStatus.bytes(); }
+QByteArray McuService::getReportAmpStatusDate() { return m_data->ampStatus.bytes(); }
 
-QByteArray McuService::getAvmCalibrationCmdData() const
-{
-    return m_data->avmCalibrationCommand.bytes();
-}
+QByteArray McuService::getAvmCalibrationCmdData() { return m_data->avmCalibrationCommand.bytes(); }
 
 } // namespace mcu

@@ -31,6 +31,9 @@ class McuSrv;
 ///
 /// Reports are not compared with earlier ones: an identical report is emitted again, except where a
 /// signal says otherwise.
+///
+/// const is part of the names that applications are linked against: only the getters that they know
+/// as const carry it.
 class MCUSERVICE_EXPORT McuService : public QObject {
     Q_OBJECT
 
@@ -55,22 +58,22 @@ public:
     // Versions and identity
 
     /// Version texts of the last version report; empty before it.
-    QString test_version() const;
-    QString user_version() const;
+    QString test_version();
+    QString user_version();
     /// MCU software and hardware version, asked from the link; empty without a link.
     QString SOC_version();
     QString HARD_version();
     /// Serial number last reported; empty before.
     QString serialNumber() const;
     /// SNID text last reported; empty before.
-    QString snIdName() const;
+    QString snIdName();
     /// SNID checksum; always 0, nothing reports it.
-    int snIdChecksum() const;
+    int snIdChecksum();
     /// Editions last reported; empty before.
-    QString getAmpSwEdition() const;
-    QString getAmpHwEdition() const;
-    QString getEcuSwEdition() const;
-    QString getEcuHwEdition() const;
+    QString getAmpSwEdition();
+    QString getAmpHwEdition();
+    QString getEcuSwEdition();
+    QString getEcuHwEdition();
 
     // System state
 
@@ -83,42 +86,42 @@ public:
     bool isReverseFromMcuSrv() const;
     bool isMuteFromMcuSrv() const;
     /// Tail-line values last reported, 0 before. Parking, reverse and headlight are on at 2.
-    int parkingState() const;
-    int reverseState() const;
-    int headlightState() const;
-    int muteLineState() const;
+    int parkingState();
+    int reverseState();
+    int headlightState();
+    int muteLineState();
     int dspState() const;
     /// Factory test: the headlight state becomes 2 for mode 1 and 1 for any other mode, and
     /// headlightChanged() is emitted with it. The surround-view bridge is not told.
     void setDayNightModeFromAutoTst(int mode);
     /// Whether attenuation is on: the mute state of the last volume report is not 0.
-    bool isAttOn() const;
+    bool isAttOn();
     /// Stores the attenuation state; emits nothing.
     void notifyAttState(int state);
     /// Destination code last reported; 256 before.
-    int getDest() const;
+    int getDest();
     /// Demo mode last reported; 0 before.
-    int getDemo() const;
+    int getDemo();
     /// Setup blocks last reported; all zeros before. syncSetupInfo() and syncSetupInfo1() tell of a
     /// new one.
-    SetupInfo setupInfo() const;
-    SetupInfo1 setupInfo1() const;
+    SetupInfo setupInfo();
+    SetupInfo1 setupInfo1();
     /// True from the first USB power report on, for the life of the process.
-    bool isUsbOverCurrent() const;
+    bool isUsbOverCurrent();
     /// True from the first date and time report on.
-    bool isDateTimeReady() const;
+    bool isDateTimeReady();
     /// Marks date and time ready; emits nothing.
     void notifyDateTime();
     /// A note shared between callers, true at start; the facade does not consult it.
-    bool getNeedSyncTimeState() const;
+    bool getNeedSyncTimeState();
     void setNeedSyncMcuTime(bool needed);
     /// The Bluetooth-test flag, false at start.
-    bool getBttestState() const;
+    bool getBttestState();
     void setBttestState(bool state);
     /// Whether a satellite radio is there: always 1.
-    int sxmExist() const;
+    int sxmExist();
     /// True when the tuner work status last reported is not 0; false before the first.
-    bool radioIsIdle() const;
+    bool radioIsIdle();
 
     // Antennas
 
@@ -129,10 +132,10 @@ public:
     void setGpsAntAttach();
     /// GPS state becomes 2, abnormal; emits gpsAntennaChanged(2).
     void setGpsAntShort();
-    bool gpsAntennaIsConnected() const;
-    bool gpsAntennaIsAbnormal() const;
-    bool dabAntennaIsConnected() const;
-    bool dabAntennaIsAbnormal() const;
+    bool gpsAntennaIsConnected();
+    bool gpsAntennaIsAbnormal();
+    bool dabAntennaIsConnected();
+    bool dabAntennaIsAbnormal();
 
     // DAB notifications: each emits the signal of its name, nothing is stored.
 
@@ -160,57 +163,57 @@ public:
     // first report. Whether a report has arrived tell the records' signals and getCANDataSignal().
 
     /// Air conditioning, 15 bytes.
-    QByteArray getReportACDate() const;
+    QByteArray getReportACDate();
     /// Surround view, 6 bytes.
-    QByteArray getReportAVMDate() const;
+    QByteArray getReportAVMDate();
     /// Steering angle, 16 bytes.
-    QByteArray getSteeringAngleChanged() const;
+    QByteArray getSteeringAngleChanged();
     /// Head unit, 12 bytes.
-    QByteArray getReportHuDate() const;
+    QByteArray getReportHuDate();
     /// Parking distances, 11 bytes.
-    QByteArray getReportPdcDate() const;
+    QByteArray getReportPdcDate();
     /// Tyre pressures, 18 bytes.
-    QByteArray getReportTpmsDate() const;
+    QByteArray getReportTpmsDate();
     /// Vehicle body, 8 bytes.
-    QByteArray getReportVehicleBodyDate() const;
+    QByteArray getReportVehicleBodyDate();
     /// Meter settings, 8 bytes.
-    QByteArray getReportMeterSetting() const;
+    QByteArray getReportMeterSetting();
     /// Vehicle faults, 8 bytes.
-    QByteArray getReportVehicleFaultData() const;
+    QByteArray getReportVehicleFaultData();
     /// Amplifier status, 9 bytes.
-    QByteArray getReportAmpStatusDate() const;
+    QByteArray getReportAmpStatusDate();
     /// Surround-view calibration command, 4 bytes.
-    QByteArray getAvmCalibrationCmdData() const;
+    QByteArray getAvmCalibrationCmdData();
     /// Truck: learning of tyre sensors, 11 bytes.
-    QByteArray getTruckTpmsLearnData() const;
+    QByteArray getTruckTpmsLearnData();
     /// Truck: driver monitoring, 7 bytes.
-    QByteArray getTruckDmsData() const;
+    QByteArray getTruckDmsData();
     /// Truck: road-sign recognition, 11 bytes.
-    QByteArray getTruckRsr1Data() const;
+    QByteArray getTruckRsr1Data();
     /// Truck: driver-assistance lamps, 15 bytes.
-    QByteArray getTruckSecurityData() const;
+    QByteArray getTruckSecurityData();
     /// Truck: vehicle health, 14 bytes.
-    QByteArray getTruckVehicleHealthData() const;
+    QByteArray getTruckVehicleHealthData();
     /// Truck: rear parking sensors, 11 bytes.
-    QByteArray getTruckRpasData() const;
+    QByteArray getTruckRpasData();
     /// Truck: tyre pressure thresholds, 17 bytes.
-    QByteArray getTruckTpmsThresholdData() const;
+    QByteArray getTruckTpmsThresholdData();
     /// Truck: tyre inflation, 17 bytes.
-    QByteArray getTruckTpmsCtiData() const;
+    QByteArray getTruckTpmsCtiData();
     /// Truck: tyre temperatures, 34 bytes.
-    QByteArray getTruckTpmsTemperatureData() const;
+    QByteArray getTruckTpmsTemperatureData();
     /// Truck: tyre pressures, 17 bytes.
-    QByteArray getTruckTpmsPressureData() const;
+    QByteArray getTruckTpmsPressureData();
     /// Truck: alerts, 7 bytes.
-    QByteArray getTruckVehicleAlertsData() const;
+    QByteArray getTruckVehicleAlertsData();
     /// Truck: trip computer, 28 bytes.
-    QByteArray getTruckPerformanceParametersData() const;
+    QByteArray getTruckPerformanceParametersData();
     /// Truck: engine and cab temperatures, 20 bytes.
-    QByteArray getTruckVehicleParametersData() const;
+    QByteArray getTruckVehicleParametersData();
     /// Speed of the last vehicle speed record; 0 before.
-    int getVehicleSpeed() const;
+    int getVehicleSpeed();
     /// First byte of the amplifier status record; 0 before.
-    int getAmpStatus() const;
+    int getAmpStatus();
     /// Car feature code asked from the link: one byte for each decimal number of its ";"-separated
     /// text, empty parts giving 0. Does not use the stored record. Empty without a link.
     QByteArray getReportFeatureCodeChanged();
@@ -219,10 +222,10 @@ public:
     /// Feature data status asked from the link; 0 without a link.
     int getFeatureDataStatus();
     /// True once all seven car reports, or all thirteen truck reports, have been emitted.
-    bool getCANDataReady() const;
+    bool getCANDataReady();
     /// The car reports that have been emitted at least once, one bit each: feature code 1, HU 2,
     /// AC 4, TPMS 8, meter setting 16, vehicle fault 32, vehicle body 64.
-    int getCANDataSignal() const;
+    int getCANDataSignal();
 
     // Commands: one-way; what comes of one is reported by a signal. Without a link, before init(),
     // they do nothing and nothing is kept for later; the exceptions say so. Numbers are codes and

@@ -204,49 +204,37 @@ void McuService::onReportTruckVehicleParametersChanged(
                     &McuService::syncTruckVehicleParametersInforUpdate, CALL_SITE);
 }
 
-QByteArray McuService::getTruckTpmsLearnData() const { return m_data->truckTpmsLearn.bytes(); }
+QByteArray McuService::getTruckTpmsLearnData() { return m_data->truckTpmsLearn.bytes(); }
 
-QByteArray McuService::getTruckDmsData() const { return m_data->truckDms.bytes(); }
+QByteArray McuService::getTruckDmsData() { return m_data->truckDms.bytes(); }
 
-QByteArray McuService::getTruckRsr1Data() const { return m_data->truckRsr1.bytes(); }
+QByteArray McuService::getTruckRsr1Data() { return m_data->truckRsr1.bytes(); }
 
-QByteArray McuService::getTruckSecurityData() const { return m_data->truckSecurity.bytes(); }
+QByteArray McuService::getTruckSecurityData() { return m_data->truckSecurity.bytes(); }
 
-QByteArray McuService::getTruckVehicleHealthData() const
-{
-    return m_data->truckVehicleHealth.bytes();
-}
+QByteArray McuService::getTruckVehicleHealthData() { return m_data->truckVehicleHealth.bytes(); }
 
-QByteArray McuService::getTruckRpasData() const { return m_data->truckRpas.bytes(); }
+QByteArray McuService::getTruckRpasData() { return m_data->truckRpas.bytes(); }
 
-QByteArray McuService::getTruckTpmsThresholdData() const
-{
-    return m_data->truckTpmsThreshold.bytes();
-}
+QByteArray McuService::getTruckTpmsThresholdData() { return m_data->truckTpmsThreshold.bytes(); }
 
-QByteArray McuService::getTruckTpmsCtiData() const { return m_data->truckTpmsCti.bytes(); }
+QByteArray McuService::getTruckTpmsCtiData() { return m_data->truckTpmsCti.bytes(); }
 
-QByteArray McuService::getTruckTpmsTemperatureData() const
+QByteArray McuService::getTruckTpmsTemperatureData()
 {
     return m_data->truckTpmsTemperature.bytes();
 }
 
-QByteArray McuService::getTruckTpmsPressureData() const
-{
-    return m_data->truckTpmsPressure.bytes();
-}
+QByteArray McuService::getTruckTpmsPressureData() { return m_data->truckTpmsPressure.bytes(); }
 
-QByteArray McuService::getTruckVehicleAlertsData() const
-{
-    return m_data->truckVehicleAlerts.bytes();
-}
+QByteArray McuService::getTruckVehicleAlertsData() { return m_data->truckVehicleAlerts.bytes(); }
 
-QByteArray McuService::getTruckPerformanceParametersData() const
+QByteArray McuService::getTruckPerformanceParametersData()
 {
     return m_data->truckPerformanceParameters.bytes();
 }
 
-QByteArray McuService::getTruckVehicleParametersData() const
+QByteArray McuService::getTruckVehicleParametersData()
 {
     return m_data->truckVehicleParameters.bytes();
 }

@@ -10,7 +10,7 @@ using testkit::words;
 namespace {
 
 /// Bits of the antenna states: GPS connected, GPS abnormal, DAB connected, DAB abnormal.
-QString antennas(const mcu::McuService &s)
+QString antennas(mcu::McuService &s)
 {
     return show("", {int(s.gpsAntennaIsConnected()), int(s.gpsAntennaIsAbnormal()),
                      int(s.dabAntennaIsConnected()), int(s.dabAntennaIsAbnormal())});

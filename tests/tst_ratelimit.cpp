@@ -79,7 +79,7 @@ private Q_SLOTS:
         QFETCH(QStringList, reports);
         const int width = hu ? 12 : 8;
         ConnectedFacade facade;
-        const mcu::McuService &service = facade.service;
+        mcu::McuService &service = facade.service;
         const qint64 start = m_clock->now();
         QStringList emissions;
         const auto note = [&](const QByteArray &image) {

@@ -147,7 +147,7 @@ stwCarTypeChanged(3) --
     void keepsSetupBlocks()
     {
         ConnectedFacade facade;
-        const mcu::McuService &service = facade.service;
+        mcu::McuService &service = facade.service;
         QStringList kept; // as it is when applications hear of it
         const auto note = [&] {
             kept = QStringList{show("", valuesOf(service.setupInfo())),

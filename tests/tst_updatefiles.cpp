@@ -131,10 +131,13 @@ void tst_UpdateFiles::goesByMountKey()
 
 void tst_UpdateFiles::staysOnTheMount()
 {
-    const Media media("sda1/x sdb1/a.bin");
-    for (const char *name : {"../sdb1/a.bin", "..", ".", "", "/etc/passwd"}) {
-        QCOMPARE(media.onFirst("ROOT", name), QString());
-        QCOMPARE(media.onAll("ROOT", name), QString());
+    const Media media("sda1/x/a.bin sda12/a.bin");
+    const QStringList inside{"x/a.bin", "x/../x", "."};
+    const QStringList outside{"../sda12/a.bin", "..", "x/../..", "", "/etc/passwd", ":/"};
+    for (const QString &name : inside + outside) {
+        const QString found = inside.contains(name) ? "sda1/" + name : QString();
+        QCOMPARE(media.onFirst("ROOT", name), found);
+        QCOMPARE(media.onAll("ROOT", name), found);
     }
 }
 

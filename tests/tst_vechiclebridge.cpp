@@ -11,14 +11,14 @@ using Report = void (*)(McuVechicleBridge &bridge, int value, int from);
 
 namespace {
 
-QString state(const McuVechicleBridge &bridge)
+QString state(McuVechicleBridge &bridge)
 {
     return testkit::show("", {bridge.parking(), bridge.headlight(), bridge.reverse(),
                               bridge.turnlight(), bridge.carSpeed(), bridge.doorState(),
                               bridge.wheelAngle()});
 }
 
-Values distances(const McuVechicleBridge &bridge)
+Values distances(McuVechicleBridge &bridge)
 {
     Values values(8);
     bridge.radarDistance(values.data(), values.data() + 4);

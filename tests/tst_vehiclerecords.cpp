@@ -15,7 +15,7 @@ namespace {
 /// A getter by name and address.
 struct Getter {
     const char *name = nullptr;
-    QByteArray (McuService::*read)() const = nullptr;
+    QByteArray (McuService::*read)() = nullptr;
 };
 #define GETTER(name) Getter({#name, &McuService::name})
 
@@ -297,7 +297,7 @@ setEcuEditionSgl(e1,e2) syncEcuEdition()
     void readsSingleFieldsAndEditions()
     {
         ConnectedFacade facade;
-        const McuService &s = facade.service;
+        McuService &s = facade.service;
         for (int speed : {INT_MIN, -1, 70000}) {
             facade.report("reportVehicleSpeedChangedSgl", {speed, 1, 2, 3});
             QCOMPARE(s.getVehicleSpeed(), speed);

@@ -38,7 +38,21 @@ McuVechicleBridge::McuVechicleBridge() = default;
 
 McuVechicleBridge::~McuVechicleBridge() = default;
 
-void McuVechicleBridge::radarDistance(int *front, int *rear) const
+bool McuVechicleBridge::headlight() { return m_headlight; }
+
+bool McuVechicleBridge::parking() { return m_parking; }
+
+bool McuVechicleBridge::reverse() { return m_reverse; }
+
+int McuVechicleBridge::turnlight() { return m_turnlight; }
+
+int McuVechicleBridge::carSpeed() { return m_carSpeed; }
+
+int McuVechicleBridge::wheelAngle() { return m_wheelAngle; }
+
+int McuVechicleBridge::doorState() { return m_doorState; }
+
+void McuVechicleBridge::radarDistance(int *front, int *rear)
 {
     std::copy(m_frontRadar.begin(), m_frontRadar.end(), front);
     std::copy(m_rearRadar.begin(), m_rearRadar.end(), rear);
@@ -90,7 +104,7 @@ void McuVechicleBridge::notifySteeringAngleUpdate(int angle)
     Q_EMIT steeringAngleChanged(percent);
 }
 
-void McuVechicleBridge::notifyRadarUpdate(const int *front, const int *rear, int /*pasSwitch*/,
+void McuVechicleBridge::notifyRadarUpdate(int *front, int *rear, int /*pasSwitch*/,
                                           int /*pdcSystemStatus*/, int /*reverseAssistVideo*/)
 {
     MCU_DEBUG << front[0] << front[1] << front[2] << front[3];

@@ -14,6 +14,8 @@
 /// Keeps the last state of each signal and emits only when it changes; the parking distances are
 /// the exception and are emitted with every report. Lives in the thread of mcu::McuService, where
 /// the notify operations run and the signals are emitted. Nothing here fails or blocks.
+///
+/// Getters and pointers carry no const: applications are linked against the names without it.
 class MCUSERVICE_EXPORT McuVechicleBridge : public QObject {
     Q_OBJECT
 
@@ -25,22 +27,22 @@ public:
     ~McuVechicleBridge() override;
 
     /// Headlight on; false before the first report.
-    bool headlight() const { return m_headlight; }
+    bool headlight();
     /// Parking lamp on; false before the first report.
-    bool parking() const { return m_parking; }
+    bool parking();
     /// Reverse gear engaged; false before the first report.
-    bool reverse() const { return m_reverse; }
+    bool reverse();
     /// Turn switch, a code of the MCU; 0 before the first report.
-    int turnlight() const { return m_turnlight; }
+    int turnlight();
     /// Vehicle speed as the MCU reports it; 0 before the first report.
-    int carSpeed() const { return m_carSpeed; }
+    int carSpeed();
     /// Steering position in percent, 0 to 100; 50 is straight ahead and the value at start.
-    int wheelAngle() const { return m_wheelAngle; }
+    int wheelAngle();
     /// Door status, a code of the MCU; 0 before the first report.
-    int doorState() const { return m_doorState; }
+    int doorState();
     /// Copies the converted parking distances, four into each array: front FL, FSL, FSR, FR and
     /// rear RL, RSL, RSR, RR. 10000 is no obstacle; zeros before the first report.
-    void radarDistance(int *front, int *rear) const;
+    void radarDistance(int *front, int *rear);
 
     // Updates from the facade: each stores, logs and emits only when the value changes. `from` is
     // handed on to the signal; the facade gives 0.
@@ -53,10 +55,10 @@ public:
     /// Takes a steering angle in the MCU's tenths and keeps it as percent of the full range 0 to
     /// 1476; angles outside count as its ends. Not logged.
     void notifySteeringAngleUpdate(int angle);
-    /// Takes four front and four rear sensor codes, always stores them converted, hands a frame to
+    /// Reads four front and four rear sensor codes, always stores them converted, hands a frame to
     /// the renderer when it has released the UART, and emits radarDistanceChanged(). The last three
     /// values are accepted and not used.
-    void notifyRadarUpdate(const int *front, const int *rear, int pasSwitch, int pdcSystemStatus,
+    void notifyRadarUpdate(int *front, int *rear, int pasSwitch, int pdcSystemStatus,
                            int reverseAssistVideo);
 
 Q_SIGNALS:
