@@ -1,5 +1,6 @@
-# Shared by ./run, ./test and .ci/run: installs what a Debian 12 machine lacks and builds a preset.
-# Sourced with the repository as the working directory.
+# Shared by all scripts here: makes the repository the working directory, installs what a Debian 12
+# machine lacks and builds a preset. Scripts may run side by side, in one checkout too.
+cd "$(dirname "$(realpath "${BASH_SOURCE[0]}")")/.."
 
 say() { printf '\n== %s\n' "$*"; }
 
@@ -12,22 +13,26 @@ install() {
     done
     [ ${#missing[@]} -eq 0 ] && return
     say "Installing ${missing[*]}"
-    apt-get update -q
-    DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends "${missing[@]}"
+    flock /var/lib/apt apt-get update -q
+    DEBIAN_FRONTEND=noninteractive flock /var/lib/apt \
+        apt-get install -q -y --no-install-recommends "${missing[@]}"
 }
 
-install_build_tools() { install g++ cmake ninja-build qtbase5-dev pkg-config "$@"; }
+install_build_tools() { install g++ cmake make ninja-build qtbase5-dev pkg-config "$@"; }
 
-# build PRESET [TARGET...] - quiet but for what it compiles; shows everything when it fails.
-build() {
-    local preset=$1 log=build/$1.log target targets=()
+# build PRESET [TARGET...] - quiet but for what it compiles; shows everything when it fails. One build
+# of a checkout at a time.
+build() (
+    preset=$1 log=build/$1.log targets=()
     shift
     for target in "$@"; do targets+=(--target "$target"); done
     mkdir -p build
     say "Building ($preset)"
+    exec 9<build
+    flock 9
     if ! cmake --preset "$preset" >"$log" 2>&1; then
         cat "$log" >&2
         return 1
     fi
     cmake --build --preset "$preset" "${targets[@]}"
-}
+)

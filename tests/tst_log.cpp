@@ -43,7 +43,7 @@ void traced(int depth)
 /// A line of the tracer with the parts that vary left out.
 QString withoutVarying(QString text)
 {
-    text.replace(thisThread(), "<tid>");
+    text.replace("[DBG] " + thisThread(), "[DBG] <tid>");
     return text.replace(QRegularExpression("\\[--ExecTime--\\] \\d+$"), "[--ExecTime--] <ms>");
 }
 

@@ -19,20 +19,18 @@ using namespace mcu;
 namespace {
 
 key_t askedKey = 0;
+int semaphore = -1; // of the renderer
 
 // A renderer in a folder of its own; its semaphore goes with it.
 struct Renderer {
-    Renderer()
-    {
-        QVERIFY(QFile(keyFile).open(QFile::WriteOnly));
-        key = ftok(keyFile, 1);
-    }
+    Renderer() { QVERIFY(QFile(keyFile).open(QFile::WriteOnly)); }
     ~Renderer()
     {
         close(reader);
-        semctl(semget(key, 1, 0), 0, IPC_RMID);
+        semctl(semaphore, 0, IPC_RMID);
+        semaphore = -1;
     }
-    void setSemaphore(int value) { semctl(semget(key, 1, IPC_CREAT | 0777), 0, SETVAL, value); }
+    void setSemaphore(int value) { semctl(semget(0, 1, IPC_CREAT | 0777), 0, SETVAL, value); }
     void readFifo()
     {
         QCOMPARE(mkfifo(node, 0600), 0);
@@ -55,7 +53,6 @@ struct Renderer {
     QTemporaryDir folder;
     QByteArray keyFile = QFile::encodeName(folder.filePath("key"));
     QByteArray node = QFile::encodeName(folder.filePath("rx"));
-    key_t key = -1;
     int reader = -1;
     int filled = 0;
 };
@@ -71,16 +68,20 @@ int openDescriptors()
 
 } // namespace
 
-// The key -1 belongs to the whole machine: that it was asked for is noted, and refused.
+// Keys belong to the whole machine, and two files may have the same one: whatever the key, which is
+// noted, the semaphore is a private one. The key -1 is refused.
 // NOLINTBEGIN(bugprone-reserved-identifier): names that the linker gives
 extern "C" int __real_semget(key_t key, int count, int flags);
 extern "C" int __wrap_semget(key_t key, int count, int flags)
 {
     askedKey = key;
-    if (key != -1)
-        return __real_semget(key, count, flags);
-    errno = EACCES;
-    return -1;
+    if (key == -1) {
+        errno = EACCES;
+        return -1;
+    }
+    if (semaphore == -1 && (flags & IPC_CREAT) != 0)
+        semaphore = __real_semget(IPC_PRIVATE, count, flags);
+    return semaphore;
 }
 // NOLINTEND(bugprone-reserved-identifier)
 
@@ -94,7 +95,7 @@ private Q_SLOTS:
     {
         Renderer renderer;
         QVERIFY(!isUartReleased(renderer.keyFile));
-        const int semaphore = semget(renderer.key, 1, 0);
+        QCOMPARE(askedKey, ftok(renderer.keyFile, 1));
         semid_ds made{};
         QCOMPARE(semctl(semaphore, 0, IPC_STAT, &made), 0);
         QCOMPARE(made.sem_perm.mode & 0777, 0777);

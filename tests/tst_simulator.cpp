@@ -28,7 +28,7 @@ Run run(const QStringList &arguments)
 {
     QProcess process;
     process.start(QStringLiteral(MCUSIM), arguments);
-    process.waitForFinished();
+    process.waitForFinished(-1);
     if (process.exitStatus() != QProcess::NormalExit)
         return {-1, {}, "mcusim crashed"};
     return {process.exitCode(), process.readAllStandardOutput(), process.readAllStandardError()};
@@ -217,7 +217,7 @@ private Q_SLOTS:
         QProcess process;
         process.setStandardOutputFile("/dev/full");
         process.start(MCUSIM, {"play", "--fast", "--json", SCENARIOS "/truck-start.jsonl"});
-        process.waitForFinished();
+        process.waitForFinished(-1);
         QCOMPARE(process.exitCode(), 2);
         QVERIFY(process.readAllStandardError().contains("cannot write"));
     }

@@ -22,6 +22,7 @@ namespace {
 struct Media {
     explicit Media(const QString &tree)
     {
+        QDir::setCurrent(root.path());
         for (const QString &entry : tree.split(' ', Qt::SkipEmptyParts)) {
             const QString path = folder + entry.section('>', 0, 0);
             QDir().mkpath(path.section('/', 0, -2));
@@ -42,7 +43,9 @@ struct Media {
     }
 
     QTemporaryDir root;
-    QString folder = root.path() + "/media/";
+    // Not by its real path, whose names a search could take for a mount, and whose folders may be
+    // closed to others.
+    QString folder = QStringLiteral("/proc/self/cwd/media/");
 };
 
 /// A mark in the table: the second search finds the same.
@@ -144,6 +147,7 @@ void tst_UpdateFiles::takesUnreadableFolderAsEmpty()
 {
     // For root no folder is unreadable: act as another user, who owns the rest.
     constexpr uid_t other = 65534;
+    umask(022);
     const Media media("sda1/update/a.bin sdb1/update/a.bin sdc1/update/a.bin");
     const QByteArray closed[]{(media.folder + "sda1").toUtf8(),
                               (media.folder + "sdb1/update").toUtf8()};

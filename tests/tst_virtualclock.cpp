@@ -36,11 +36,13 @@ private:
         m_trace.append(name + QString::number(m_clock->now() - m_start));
     }
     QString trace() { return std::exchange(m_trace, {}).join(' '); }
+    Q_INVOKABLE void arrive() { ++m_arrived; }
 
     substitute::VirtualClock *m_clock;
     std::unique_ptr<QObject> m_owner;
     QStringList m_trace;
     qint64 m_start = 0;
+    int m_arrived = 0;
 
 private Q_SLOTS:
     void init()
@@ -164,23 +166,20 @@ private Q_SLOTS:
     void eventLoopWithoutTimersWaitsForOtherThreads()
     {
         std::thread other;
-        int arrived = 0;
-        const auto post = [this](auto &&event) {
-            QMetaObject::invokeMethod(m_owner.get(), event, Qt::QueuedConnection);
-        };
-        // The other thread starts only when the loop has run out of work.
+        // The other thread starts only when the loop has run out of work. It calls by name: a
+        // functor would be shared by both threads and freed by the last, under Qt's own count.
         connect(m_clock, &QAbstractEventDispatcher::aboutToBlock, m_owner.get(), [&] {
             if (other.joinable())
                 return;
-            other = std::thread([&] {
+            other = std::thread([this] {
                 for (int i = 0; i < 1000; ++i)
-                    post([&arrived] { ++arrived; });
-                post(&QCoreApplication::quit);
+                    QMetaObject::invokeMethod(this, "arrive", Qt::QueuedConnection);
+                QMetaObject::invokeMethod(qApp, "quit", Qt::QueuedConnection);
             });
         });
         QCoreApplication::exec();
         other.join();
-        QCOMPARE(arrived, 1000);
+        QCOMPARE(m_arrived, 1000);
         QCOMPARE(m_clock->now(), m_start);
     }
 };
