@@ -3,7 +3,7 @@
 #include "autotesthandler.h"
 
 #include "autotesthandler_p.h"
-#include "speakersettings.h"
+#include "speakersettings_p.h"
 
 #include "eventhandler.h"
 #include "settingsexe.h"

@@ -3,10 +3,10 @@
 #pragma once
 
 #include "autotesthandler.h"
-#include "autotestpacket.h"
+#include "autotestpacket_p.h"
 #include "debug.h"
 #include "mcuservice.h"
-#include "qxprivate.h"
+#include "qxprivate_p.h"
 
 namespace mcu {
 

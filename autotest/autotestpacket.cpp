@@ -1,5 +1,5 @@
 // Builds and verifies factory packets and finds them in the byte stream of the station.
-#include "autotestpacket.h"
+#include "autotestpacket_p.h"
 
 #include "debug.h"
 

@@ -5,7 +5,7 @@
 #include "codecfloor.h"
 #include "counting.h"
 
-#include "autotestpacket.h"
+#include "autotestpacket_p.h"
 
 #include <QLoggingCategory>
 

@@ -1,16 +1,10 @@
 # What an integrator gets: the library, its public headers, a CMake package and a pkg-config file.
 include(CMakePackageConfigHelpers)
 
-set(public_headers
-    autotest/autotesthandler.h
-    include/debug.h
-    include/mcuserviceexport.h
-    manager/mcumanager.h
-    radio/mcuradiointerface.h
-    radio/radiostringconnver.h
-    service/mcuservice.h
-    service/setupinfo.h
-    vehicle/mcuvechiclebridge.h)
+# Private headers end in _p.h.
+file(GLOB public_headers CONFIGURE_DEPENDS include/*.h vehicle/*.h radio/*.h service/*.h autotest/*.h
+                                           manager/*.h)
+list(FILTER public_headers EXCLUDE REGEX "_p\\.h$")
 
 set(header_folder ${CMAKE_INSTALL_INCLUDEDIR}/mcuservice)
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/McuService)

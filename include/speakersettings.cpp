@@ -1,6 +1,6 @@
 // The speaker and crossover members of mem::SettingsUtil: each builds its key, calls the store once
 // and, when asked to, announces the change.
-#include "speakersettings.h"
+#include "speakersettings_p.h"
 
 #include "settingsexe.h"
 #include "settingsutil.h"

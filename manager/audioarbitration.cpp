@@ -1,5 +1,5 @@
 // The tables of the audio arbitration.
-#include "audioarbitration.h"
+#include "audioarbitration_p.h"
 
 #include <algorithm>
 #include <array>

@@ -7,8 +7,8 @@
 //     restoring   given back; the records are kept until the restore timer ends
 #include "mcumanager.h"
 
-#include "audioarbitration.h"
-#include "callon.h"
+#include "audioarbitration_p.h"
+#include "callon_p.h"
 #include "debug.h"
 #include "mcuservice.h"
 

@@ -2,11 +2,11 @@
 // commands and queries that it hands to the facade.
 #include "mcumanager.h"
 
-#include "callon.h"
+#include "callon_p.h"
 #include "debug.h"
 #include "mcuservice.h"
-#include "mediarecords.h"
-#include "updatefiles.h"
+#include "mediarecords_p.h"
+#include "updatefiles_p.h"
 
 #include <QTime>
 

@@ -1,5 +1,5 @@
 // Types and bytes of the media and phone records.
-#include "mediarecords.h"
+#include "mediarecords_p.h"
 
 #include <QtEndian>
 

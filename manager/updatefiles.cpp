@@ -1,6 +1,6 @@
 // The two searches for update images. They differ in more than the number of mounts, and callers
 // rely on both.
-#include "updatefiles.h"
+#include "updatefiles_p.h"
 
 #include <QDir>
 

@@ -1,7 +1,7 @@
 // Tuner commands to the link and tuner notifications from it, each passed straight through.
 #include "mcuradiointerface.h"
 
-#include "callon.h"
+#include "callon_p.h"
 #include "debug.h"
 
 #include "mcusrv.h"

@@ -6,7 +6,7 @@
 // programming error that must show.
 #include "mcuservice.h"
 
-#include "callon.h"
+#include "callon_p.h"
 #include "debug.h"
 
 #include "mcusrv.h"

@@ -2,7 +2,7 @@
 // it. The HU and vehicle fault reports are rate-limited by the CAN check timer.
 #include "mcuservice.h"
 
-#include "callon.h"
+#include "callon_p.h"
 #include "mcuservice_p.h"
 #include "mcuvechiclebridge.h"
 

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "debug.h"
-#include "qxprivate.h"
+#include "qxprivate_p.h"
 #include "setupinfo.h"
 #include "vehiclerecords_p.h"
 

@@ -2,7 +2,7 @@
 // from what is kept, a few by asking the link.
 #include "mcuservice.h"
 
-#include "callon.h"
+#include "callon_p.h"
 #include "debug.h"
 #include "mcuservice_p.h"
 #include "mcuvechiclebridge.h"

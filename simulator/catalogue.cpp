@@ -9,7 +9,7 @@
 #include "mcuradiointerface.h"
 #include "mcuservice.h"
 #include "mcuvechiclebridge.h"
-#include "recordcatalog.h"
+#include "recordcatalog_p.h"
 #include "signaltap.h"
 
 #include <QJsonArray>

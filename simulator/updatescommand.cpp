@@ -2,7 +2,7 @@
 #include "commands.h"
 
 #include "debug.h"
-#include "updatefiles.h"
+#include "updatefiles_p.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>

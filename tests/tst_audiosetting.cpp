@@ -4,7 +4,7 @@
 
 #include "settingsexe.h"
 #include "settingsutil.h"
-#include "speakersettings.h"
+#include "speakersettings_p.h"
 
 #include <QDir>
 #include <QSettings>

@@ -1,5 +1,5 @@
 // The factory test: its packets, its interface, what each DID does, the key test, the test mode.
-#include "autotestpacket.h"
+#include "autotestpacket_p.h"
 #include "factorystation.h"
 
 #include <QRegularExpression>

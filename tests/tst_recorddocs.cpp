@@ -1,6 +1,6 @@
 // The record tables of docs/vehicle-records.md are those of the layouts. After a change of a layout
 // run this program with MCUSERVICE_UPDATE_DOCS=1 to write them anew; the text around them stays.
-#include "recordcatalog.h"
+#include "recordcatalog_p.h"
 #include "testkit.h"
 
 #include <QFile>

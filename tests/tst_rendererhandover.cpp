@@ -1,6 +1,6 @@
 // The hand-over to the renderer: the release semaphore, and a write that never blocks, whatever
 // stands in the place of the FIFO.
-#include "rendererhandover.h"
+#include "rendererhandover_p.h"
 
 #include <QDir>
 #include <QTemporaryDir>

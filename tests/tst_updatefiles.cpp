@@ -2,7 +2,7 @@
 // and what the manager looks for and where.
 #include "mcumanager.h"
 #include "testkit.h"
-#include "updatefiles.h"
+#include "updatefiles_p.h"
 
 #include <QDir>
 #include <QRegularExpression>

@@ -1,7 +1,7 @@
 // The car and truck reports: their bytes, signals, dump lines and getters, what some of them do
 // besides, and readiness.
 #include "connectedfacade.h"
-#include "recordcatalog.h"
+#include "recordcatalog_p.h"
 
 #include <climits>
 

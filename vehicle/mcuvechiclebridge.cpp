@@ -2,9 +2,9 @@
 #include "mcuvechiclebridge.h"
 
 #include "debug.h"
-#include "radarframe.h"
-#include "rendererhandover.h"
-#include "steeringpercent.h"
+#include "radarframe_p.h"
+#include "rendererhandover_p.h"
+#include "steeringpercent_p.h"
 
 #include <algorithm>
 

@@ -1,6 +1,6 @@
 // Frame layout: start mark, type, four front and four rear distances, eight reserved zeros,
 // checksum, end mark. All bytes between the marks sum to 0 modulo 256.
-#include "radarframe.h"
+#include "radarframe_p.h"
 
 #include <algorithm>
 #include <limits>

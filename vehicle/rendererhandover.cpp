@@ -1,5 +1,5 @@
 // Renderer hand-over on System V semaphores and POSIX file calls.
-#include "rendererhandover.h"
+#include "rendererhandover_p.h"
 
 #include <cerrno>
 #include <csignal>

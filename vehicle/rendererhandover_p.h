@@ -2,7 +2,7 @@
 // the UART, and write to its node. Every outcome is silent to the caller and nothing blocks.
 #pragma once
 
-#include "radarframe.h"
+#include "radarframe_p.h"
 
 namespace mcu {
 
