@@ -24,8 +24,9 @@ int storedInt(const char *key)
 /// Sum without overflow: what the settings file holds is not checked.
 int wrappingSum(int left, unsigned right) { return int(unsigned(left) + right); }
 
-/// Sends the filter of a crossover type to the amplifier; a filter that is off is all zeros.
-void applyFilter(McuService *service, int type, int speakerMode, bool on, int value, int slope)
+/// Sends the filter of a crossover type to the amplifier; a filter that is off is all zeros. False
+/// when the type has no filter.
+bool applyFilter(McuService *service, int type, int speakerMode, bool on, int value, int slope)
 {
     constexpr unsigned thirdTypeOffset = 11; // values of type 3 are sent so much higher
     const int sentValue = on ? value : 0;
@@ -41,7 +42,8 @@ void applyFilter(McuService *service, int type, int speakerMode, bool on, int va
     else if (type == 3 && speakerMode)
         service->setHPFValue(0, on ? wrappingSum(value, thirdTypeOffset) : 0, sentSlope);
     else
-        MCU_DEBUG << "currAudio error:" << type;
+        return false;
+    return true;
 }
 
 } // namespace
@@ -62,7 +64,8 @@ void AutoTestHandler::parse_ATW_SETTING_STATUS(const QByteArray &packet)
 
 void AutoTestHandler::setSubWooferStatus(int v)
 {
-    MCU_DEBUG << settings()->getSubwooferOnOff(1) << v;
+    const int stored = settings()->getSubwooferOnOff(1);
+    MCU_DEBUG << stored << v;
     const int on = v == 0 ? 1 : 0;
     settings()->setSubwooferOnOff(on, true);
     m_data->service->setSubwooferValue(on);
@@ -113,7 +116,8 @@ void AutoTestHandler::setLPFStatus(int v)
     const int on = settings()->getHpfLpfOnOff(type, 0);
     const int mode = storedInt("SpeakerMode");
     MCU_DEBUG << ">>>>>>>>>" << type << value << slope << on;
-    applyFilter(m_data->service, type, mode, on != 0, value, slope);
+    if (!applyFilter(m_data->service, type, mode, on != 0, value, slope))
+        MCU_DEBUG << "currAudio error:" << type;
 }
 
 } // namespace mcu

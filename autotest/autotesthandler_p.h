@@ -33,15 +33,17 @@ public:
     void sendFeedbackInfo(unsigned char code);
     void sendPkgToMcu(const QByteArray &pkt);
 
-    /// Calls the first row with the packet's DID; false when there is none.
+    /// Calls the first row with the packet's DID; false when there is none, which is logged in the
+    /// name of the caller.
     template <std::size_t Rows>
-    bool dispatch(const Command (&table)[Rows], const QByteArray &received)
+    bool dispatch(const Command (&table)[Rows], const QByteArray &received, const CallSite &caller)
     {
         const int did = wire::byteAt(received, wire::didOffset);
         const auto row = std::find_if(std::begin(table), std::end(table),
                                       [did](const Command &command) { return command.did == did; });
         if (row == std::end(table)) {
-            MCU_DEBUG << did;
+            if (isDebugLogged())
+                debugLine(caller) << did;
             return false;
         }
         (owner->*row->handle)(received);

@@ -16,7 +16,7 @@ void AutoTestHandler::parseFeedbackData(const QByteArray &packet)
         {0x33, &AutoTestHandler::parse_ATF_BTDNBK_DID},
         {0x34, &AutoTestHandler::parse_ATF_BTCALL_DID},
     };
-    m_data->dispatch(table, packet);
+    m_data->dispatch(table, packet, CALL_SITE);
 }
 
 // The rows keep their place in the station's vocabulary.

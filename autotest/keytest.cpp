@@ -74,6 +74,8 @@ void AutoTestHandler::onHuKeyHandle(int key, int state, int kind)
         m_data->sendReadInfo(wheelKeyDid, codeOf(key, wheelCodes));
         break;
     case PanelKey:
+        if (state != Pressed && state != Released && state != Held)
+            MCU_DEBUG << "wrong state";
         reportPanelKey(key, state);
         break;
     default:
@@ -98,8 +100,6 @@ void AutoTestHandler::reportPanelKey(int key, int state)
         startLongPress(key);
     } else if (state == Held) {
         report.append('\x02');
-    } else {
-        MCU_DEBUG << "wrong state";
     }
     if (key != heldOnlyKey || state == Held)
         m_data->sendReadInfo(panelKeyDid, report + codeOf(key, panelCodes));

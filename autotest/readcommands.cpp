@@ -56,7 +56,7 @@ void AutoTestHandler::parseReadData(const QByteArray &packet)
         {0xd3, &AutoTestHandler::parse_ATR_SPEED_DID},
         {0xd4, &AutoTestHandler::parse_ATR_READ_SN},
     };
-    m_data->dispatch(table, packet);
+    m_data->dispatch(table, packet, CALL_SITE);
 }
 
 void AutoTestHandler::parse_ATR_SOUND_DID(const QByteArray &packet)

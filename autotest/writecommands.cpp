@@ -72,7 +72,7 @@ void AutoTestHandler::parseWriteData(const QByteArray &packet)
         {0xf6, &AutoTestHandler::parse_ATW_SET_SN},
         {0xf7, &AutoTestHandler::parse_ATW_SETTING_STATUS},
     };
-    if (m_data->dispatch(table, packet))
+    if (m_data->dispatch(table, packet, CALL_SITE))
         acknowledge(packet);
 }
 

@@ -66,14 +66,15 @@ int McuManager::audioStatus()
 void McuManager::updateAudioStatus(McuManager::AudioStatus status)
 {
     const QMutexLocker lock(&m_mutex);
-    m_lastAudioStatus = status;
-    if (!m_service)
+    if (!m_service) {
+        m_lastAudioStatus = status;
         return;
+    }
     m_audioStatus = status;
 
-    AudioService *audio = AudioService::instance();
     switch (arbitration::groupOf(status)) {
-    case arbitration::StatusGroup::EventOn: // idle, recorded, restoring -> recorded
+    case arbitration::StatusGroup::EventOn: { // idle, recorded, restoring -> recorded
+        AudioService *audio = AudioService::instance();
         // What is recorded already stays: the first event of a run wins.
         if (m_restoreMuteOfEvtOff == arbitration::NothingRecorded) {
             const bool muted = audio->isMainAudioMute(audio->muteState());
@@ -95,6 +96,7 @@ void McuManager::updateAudioStatus(McuManager::AudioStatus status)
         // Queued, here and at the start: timers belong to the manager's thread.
         QMetaObject::invokeMethod(&m_dlyEndRestoreMuteTmr, "stop", Qt::QueuedConnection);
         break;
+    }
     case arbitration::StatusGroup::EventOff: // recorded -> waiting or restoring
         checkEventOffRestoreMute();
         break;
@@ -107,6 +109,7 @@ void McuManager::updateAudioStatus(McuManager::AudioStatus status)
 
     MCU_DEBUG << "**updateAudio****" << m_audioStatus;
     m_service->updateAudioStatus(m_audioStatus);
+    m_lastAudioStatus = status;
 }
 
 bool McuManager::isContainAudioInterrupt()

@@ -65,13 +65,15 @@ McuManager::~McuManager() = default;
 
 void McuManager::connectRelays()
 {
+    // A blank in a signature costs Qt a second search.
+    // clang-format off
     const struct {
         const char *signal;
         const char *target;
     } relays[]{
         {SIGNAL(shallowSleep()), SIGNAL(shallowSleep())},
         {SIGNAL(sysBootState(int)), SIGNAL(sysBootState(int))},
-        {SIGNAL(wheelStudyState(int, int)), SIGNAL(studyState(int, int))},
+        {SIGNAL(wheelStudyState(int,int)), SIGNAL(studyState(int,int))},
         {SIGNAL(wheelStudyKeys(QString)), SIGNAL(studyKeys(QString))},
         {SIGNAL(usbPowerStatus(int)), SIGNAL(usbPwrState(int))},
         {SIGNAL(hideUsbOverPower()), SIGNAL(hideUsbOverPwr())},
@@ -79,11 +81,12 @@ void McuManager::connectRelays()
         {SIGNAL(reverseChanged(int)), SIGNAL(reverseChanged(int))},
         {SIGNAL(headlightChanged(int)), SIGNAL(headlightChanged(int))},
         {SIGNAL(extDeviceChanged(int)), SIGNAL(extDeviceChanged(int))},
-        {SIGNAL(audioVolumeChanged(int, int, int)), SLOT(onVolumeChanged(int, int, int))},
+        {SIGNAL(audioVolumeChanged(int,int,int)), SLOT(onVolumeChanged(int,int,int))},
         {SIGNAL(reset()), SIGNAL(factoryReset())},
         {SIGNAL(discChange()), SIGNAL(discChange())},
         {SIGNAL(autoTestStatusChanged(int)), SIGNAL(autoTestStatusChanged(int))},
     };
+    // clang-format on
     for (const auto &relay : relays)
         connect(m_service, relay.signal, this, relay.target);
 }

@@ -23,8 +23,9 @@ class McuService;
 /// empty text unless they say otherwise.
 ///
 /// The object lives in the thread that first calls instance(), which must be the facade's: its
-/// timers and slots run there, and it is where to call everything. updateAudioStatus() alone may be
-/// called from any thread. Nothing throws, nothing blocks.
+/// timers and slots run there, and it is where to call everything. updateAudioStatus() and
+/// audioStatus() alone may be called from any thread. Nothing throws; nothing waits, except
+/// updateAudioStatus() and unduckAudio() for each other.
 ///
 /// const is part of the names that applications are linked against: of the getters,
 /// autotestStatus() alone carries it.
@@ -90,7 +91,8 @@ public:
 
     /// A manager over a service of one's own, for tests; applications use instance(). Logs the
     /// service's versions, requests the radio data and connects the relays. The service must
-    /// outlive the manager; null gives a manager without a service.
+    /// outlive the manager; null gives a manager without a service. The mute that covers a switch
+    /// of the main audio goes through instance() all the same, to the facade's one object.
     explicit McuManager(mcu::McuService *service);
     ~McuManager() override;
 
@@ -124,10 +126,11 @@ public:
     void updateAudioChannel(McuManager::AudioChannel channel);
     /// Takes the new audio status, acts on it by its group and hands it to the MCU. When an event
     /// takes over, mute and attenuation of the main audio are recorded and cleared; when the last
-    /// event is over, they are given back. Any thread; calls wait for each other. Without a service
-    /// nothing changes.
+    /// event is over, they are given back. Calls the MCU and the platform audio service in the
+    /// caller's thread; the restore timer stays in the manager's. Without a service nothing
+    /// changes.
     void updateAudioStatus(McuManager::AudioStatus status);
-    /// Status last given; 0 at start. Any thread.
+    /// Status last given to a manager with a service; 0 at start.
     int audioStatus();
     /// Whether an event that interrupts the main audio is active in the platform audio service.
     bool isContainAudioInterrupt();
@@ -275,7 +278,7 @@ Q_SIGNALS:
     void extDeviceChanged(int state);
     /// A channel came to the front; not while one is held back.
     void audioChannel(int channel);
-    /// A volume report arrived; read nothing into its order, audioVolumeChanged() follows.
+    /// A volume report arrived; audioVolumeChanged() follows with its values.
     void volumeChanged();
     /// mcu::McuService::reset(): the MCU asks for the factory settings.
     void factoryReset();

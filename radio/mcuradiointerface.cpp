@@ -35,7 +35,10 @@ void McuRadioInterface::serviceConnectedSignals()
     connect(m_link, SIGNAL(tunerStereoSgl(int)), SLOT(onTunerStereoNotify(int)));
     connect(m_link, SIGNAL(tunerTPStateSgl(int)), SLOT(onTunerTPStateNotify(int)));
     connect(m_link, SIGNAL(tunerAsStationChangedSgl(int)), SLOT(onAsStationChanged(int)));
-    connect(m_link, SIGNAL(tunerASStationFoundSgl(int, int)), SLOT(onAsStationFound(int, int)));
+    // A blank in a signature costs Qt a second search.
+    // clang-format off
+    connect(m_link, SIGNAL(tunerASStationFoundSgl(int,int)), SLOT(onAsStationFound(int,int)));
+    // clang-format on
 }
 
 // Commands out

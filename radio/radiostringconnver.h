@@ -14,6 +14,7 @@ public:
     static const ushort table_dab_charset0[256];
 
     /// Converts len bytes. Bytes that stand for no character are dropped; 0x00 is one of them and
-    /// does not end the text. Empty for a len of 0 or less and for a null pointer.
+    /// does not end the text. A null QString when no character is left, for a len of 0 or less and
+    /// for a null pointer.
     static QString convertFromEBU(const char *data, int len);
 };

@@ -128,17 +128,21 @@ void McuService::notifyAutoTestStatus(int status)
         return;
     m_data->autoTestStatus = status;
     AutoTestHandler *handler = AutoTestHandler::instance();
+    // A blank in a signature costs Qt a second search.
+    // clang-format off
     if (status != 0) {
         handler->start();
-        connect(this, SIGNAL(keyEvent(int, int)), handler, SLOT(onKeyHandle(int, int)));
+        connect(this, SIGNAL(keyEvent(int,int)), handler, SLOT(onKeyHandle(int,int)));
+        // Kept: with blanks, as the dispatcher declares its signal.
         connect(EventHandler::instance(), SIGNAL(keyEventForAutotest(int, int, int)), handler,
-                SLOT(onHuKeyHandle(int, int, int)));
+                SLOT(onHuKeyHandle(int,int,int)));
     } else {
         // The dispatcher's keys stay connected: they reach the handler after the mode has ended
         // too, and each further entry into it adds one more connection.
         handler->stop();
-        disconnect(this, SIGNAL(keyEvent(int, int)), handler, SLOT(onKeyHandle(int, int)));
+        disconnect(this, SIGNAL(keyEvent(int,int)), handler, SLOT(onKeyHandle(int,int)));
     }
+    // clang-format on
     Q_EMIT autoTestStatusChanged(status);
 }
 

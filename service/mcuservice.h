@@ -308,12 +308,13 @@ public:
     void setInternalAmp(int on);
     void setAmpStatus(int AMP_Date0, int AMP_Date1, int AMP_Date2, int AMP_Date3, int AMP_Date4,
                       int AMP_Date5, int AMP_Date6, int AMP_Date7, int AMP_Date8);
-    /// Key tone. The beep is sent unless one was sent less than the beep interval ago; whatever the
-    /// type, the MCU receives 0.
+    /// Sends a key beep unless the beep interval of the last one still runs. Whatever the type, the
+    /// MCU receives 0. Without a link nothing is sent, but the interval starts.
     void triggerBeep(int type);
-    /// Shortest time between two beeps in milliseconds; values of 0 and less change nothing.
-    /// Without a call every beep is sent. Needs no link.
+    /// Shortest time between two beeps in milliseconds; values of 0 and less change nothing. At the
+    /// start there is none and every beep is sent. Needs no link.
     void setBeepInterval(int ms);
+    /// The key tone on or off.
     void toggleKeyTone(int on);
 
     // Commands: radio and DAB

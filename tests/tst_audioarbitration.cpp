@@ -6,6 +6,8 @@
 #include "platformsubstitute.h"
 #include "testkit.h"
 
+#include "audioservice.h"
+
 #include <QRegularExpression>
 
 #include <atomic>
@@ -14,6 +16,8 @@
 namespace platform = substitute::platform;
 
 namespace {
+
+std::atomic<int> audioRequests{0};
 
 /// A manager, and all that the MCU and the audio service are told.
 struct Desk {
@@ -66,6 +70,14 @@ struct Desk {
 };
 
 } // namespace
+
+// Stands in front of the platform's own.
+hxaudio::AudioService *hxaudio::AudioService::instance()
+{
+    ++audioRequests;
+    static AudioService service;
+    return &service;
+}
 
 class tst_AudioArbitration : public QObject {
     Q_OBJECT
@@ -147,7 +159,9 @@ void tst_AudioArbitration::actsByGroup()
     for (int value = -1; value <= 40; ++value) {
         Desk desk(m_clock);
         desk.perform("status 1");
+        audioRequests = 0;
         const QString effect = desk.perform(QStringLiteral("status %1").arg(value));
+        QCOMPARE(audioRequests > 0, on.contains(value) || off.contains(value));
         QCOMPARE(effect.startsWith("cover att- mute- "), on.contains(value));
         QCOMPARE(effect.startsWith("att- mute- "), off.contains(value));
         QCOMPARE(effect.section(' ', -1), QString::number(value));

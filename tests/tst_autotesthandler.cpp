@@ -2,6 +2,7 @@
 #include "autotestpacket.h"
 #include "factorystation.h"
 
+#include <QRegularExpression>
 #include <QTemporaryFile>
 
 #include <memory>
@@ -240,8 +241,11 @@ void tst_AutoTestHandler::logs()
     station.play(QTest::currentDataTag());
     QStringList texts;
     for (const testkit::LogLine &line : log.take()) {
-        if (line.file.startsWith("autotest/"))
-            texts.append((line.type == QtCriticalMsg ? "!" : "") + line.text.section(" -- ", 1));
+        if (!line.file.startsWith("autotest/"))
+            continue;
+        texts.append((line.type == QtCriticalMsg ? "!" : "") + line.text.section(" -- ", 1));
+        static const QRegularExpression operations("Handler::(on|st|analysis|parse)|wire::");
+        QVERIFY2(line.function.contains(operations), qPrintable(line.function));
     }
     QTEST(texts.join('/').replace('"', '\''), "logged");
 }

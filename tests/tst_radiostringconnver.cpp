@@ -60,7 +60,9 @@ private Q_SLOTS:
     {
         QFETCH(QByteArray, bytes);
         QFETCH(int, length);
-        QTEST(radioStringConnver::convertFromEBU(bytes.constData(), length), "text");
+        const QString text = radioStringConnver::convertFromEBU(bytes.constData(), length);
+        QTEST(text, "text");
+        QCOMPARE(text.isNull(), text.isEmpty());
     }
 
     void answersNullWithNothing()
