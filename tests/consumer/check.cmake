@@ -25,7 +25,7 @@ set(platform -Wl,-rpath-link,${PLATFORM})
 run(${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR} -B ${WORK}/build -G ${GENERATOR}
     -DCMAKE_PREFIX_PATH=${prefix}
     -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_CXX_FLAGS=${FLAGS}
-    -DCMAKE_EXE_LINKER_FLAGS=${platform})
+    "-DCMAKE_EXE_LINKER_FLAGS=\"${platform}\"")
 run(${CMAKE_COMMAND} --build ${WORK}/build)
 run(${WORK}/build/consumer)
 
