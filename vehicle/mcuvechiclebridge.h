@@ -80,7 +80,7 @@ public:
     /// units; an angle outside counts as the nearer end. Emits steeringAngleChanged() if the
     /// percentage differs from the stored one. Not logged.
     void notifySteeringAngleUpdate(int angle);
-    /// Takes four front and four rear sensor codes, changed or not: logs them, stores them as
+    /// Takes four sensor codes from each pointer, changed or not: logs them, stores them as
     /// distances, writes a frame to the renderer if it has released the UART, and emits
     /// radarDistanceChanged(). A frame that cannot be written is dropped.
     /// Kept: the last three values are not used; the facade passes the whole report.
