@@ -20,9 +20,10 @@ class McuService;
 /// The applications' manager over mcu::McuService.
 ///
 /// Commands go to the facade with their arguments unchanged: codes, levels and units are the MCU's,
-/// no range is checked, nothing is cached. What a comment does not explain is such a code. Before
-/// the first report, without a link and without a service, queries return 0, false or an empty
-/// text and commands do nothing, unless their comment says otherwise.
+/// no range is checked, nothing is cached. A command sets what its comment names; what a comment
+/// does not explain is such a code. Before the first report, without a link and without a service,
+/// queries return 0, false or an empty text and commands do nothing, unless their comment says
+/// otherwise.
 ///
 /// The object lives in the thread that first calls instance(), which must be the facade's. Its
 /// timers and slots run there. Call everything from there, except updateAudioStatus() and
@@ -129,17 +130,18 @@ public:
     int headlightState();
     /// First byte of the amplifier status record; -1 without a service.
     int getAmpStatus();
-    /// Boot state of the MCU, 2 during an upgrade of the MCU; -1 without a service.
+    /// mcu::McuService::startUpState(): boot state of the MCU, 2 during an upgrade; -1 without a
+    /// service.
     int getSysBootState();
     /// Factory-test status; 0 is off.
     int autotestStatus() const;
-    /// True from the first USB power report on, for the life of the process.
+    /// mcu::McuService::isUsbOverCurrent(): true from the first USB power report on.
     bool isUsbOverCurrent();
     /// Whether the MCU asks for a software renewal.
     bool isMcuNeedRenew();
-    /// True from the first date and time report on.
+    /// mcu::McuService::isDateTimeReady(): whether date and time have been reported.
     bool isMcuDateTimeReady();
-    /// Whether attenuation is on: the mute state of the last volume report is not 0.
+    /// mcu::McuService::isAttOn(): whether attenuation is on.
     bool isAttOn();
     ///@}
 
@@ -152,8 +154,8 @@ public:
     /// one. Without an alert and without a service nothing happens.
     void updateAudioChannel(McuManager::AudioChannel channel);
     /// Stores the audio status, acts on its group and sends it to the MCU. A status that begins an
-    /// event records mute and attenuation of the main audio and clears them; a status that ends one
-    /// calls checkEventOffRestoreMute().
+    /// event records mute and attenuation of the main audio, then switches both off; a status that
+    /// ends one calls checkEventOffRestoreMute().
     /// Thread-safe: calls the MCU and the platform audio service in the caller's thread; the
     /// restore timer runs in the manager's. Without a service nothing changes. Neither it nor
     /// unduckAudio() may be called from code that it calls.

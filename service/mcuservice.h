@@ -27,11 +27,13 @@ class McuSrv;
 /// emitted again, unless the signal says otherwise.
 ///
 /// Values are the MCU's: its codes, levels and units pass through unchanged, and no argument is
-/// range-checked. What a comment does not explain is such a code. Before the first report, and
-/// before init(), getters return 0, false or an empty text, unless their comment says otherwise.
+/// range-checked. What a comment does not explain is such a code, and an abbreviation without an
+/// explanation (DOP, DSP, SNID) is the MCU's. Before the first report and without a link, getters
+/// return 0, false or an empty text, unless their comment says otherwise.
 ///
-/// Commands are one-way: a result, if any, is reported by a signal. Without a link they do nothing
-/// and are not kept for later, unless their comment says otherwise.
+/// Commands set what their comment names. They are one-way: a result, if any, is reported by a
+/// signal. Without a link they do nothing and are not kept for later, unless their comment says
+/// otherwise.
 ///
 /// Everything runs in the event loop of the thread that first called instance(); signals of a link
 /// that emits from its own thread are queued into it. Call all operations from that thread. Nothing
@@ -66,16 +68,16 @@ public:
     ///@}
 
     /// \name Versions and identity
-    /// Texts of the last report, empty before it, unless a line says otherwise.
+    /// Texts of the last report, unless a line says otherwise.
     ///@{
 
     /// First text of the MCU's version report.
     QString test_version();
     /// Second text of the MCU's version report.
     QString user_version();
-    /// Software version of the MCU, queried from the link; empty without a link.
+    /// Software version of the MCU, queried from the link.
     QString SOC_version();
-    /// Hardware version of the MCU, queried from the link; empty without a link.
+    /// Hardware version of the MCU, queried from the link.
     QString HARD_version();
     /// Serial number of the device.
     QString serialNumber() const;
@@ -96,14 +98,14 @@ public:
     /// \name System state
     ///@{
 
-    /// Boot state of the MCU, queried from the link; 0 without a link. While the platform setting
+    /// Boot state of the MCU, queried from the link. While the platform setting
     /// "mcu_upgrade_status" is true the result is 2, with or without a link.
     int startUpState();
-    /// Whether the MCU asks for a software renewal, queried from the link; false without a link.
+    /// Whether the MCU asks for a software renewal, queried from the link.
     bool isNeedRenew();
-    /// Whether reverse gear is engaged, queried from the link; false without a link.
+    /// Whether reverse gear is engaged, queried from the link.
     bool isReverseFromMcuSrv() const;
-    /// Whether the MCU reports mute on, queried from the link; false without a link.
+    /// Whether the MCU reports mute on, queried from the link.
     bool isMuteFromMcuSrv() const;
     /// Parking lamp of the last tail-line report: 2 is on, all else off.
     int parkingState();
@@ -150,8 +152,8 @@ public:
     void setBttestState(bool state);
     /// Whether a satellite radio exists. Kept: always 1; applications call it.
     int sxmExist();
-    /// Whether the last tuner work status is not 0; false before the first. Kept: not 0 means a
-    /// tuner at work, whatever the name says; applications rely on the value.
+    /// Whether the last tuner work status is not 0; false before the first. Kept: despite the name,
+    /// true means a tuner at work; applications rely on the value.
     bool radioIsIdle();
     ///@}
 
@@ -277,11 +279,11 @@ public:
     int getAmpStatus();
     /// Car feature code, queried from the link: the low byte of each decimal number of its
     /// ";"-separated text. A part that is empty or not a number becomes 0, so an empty text becomes
-    /// one byte 0. Does not use the stored record. Empty without a link.
+    /// one byte 0. Does not use the stored record.
     QByteArray getReportFeatureCodeChanged();
-    /// Extended feature code, queried from the link; empty without a link.
+    /// Extended feature code, queried from the link.
     QByteArray getVelroReportFeatureCodeChanged();
-    /// Status of the feature data, queried from the link; 0 without a link.
+    /// Status of the feature data, queried from the link.
     int getFeatureDataStatus();
     /// Whether all seven car reports, or all thirteen truck reports, have been emitted.
     bool getCANDataReady();
@@ -550,8 +552,8 @@ public:
     void setUpgradeState(int state);
     /// Starts the update of the MCU's own software.
     void mcuUpdate();
-    /// ECU edition query of the link, a code of the MCU; 0 without a link. Kept: applications are
-    /// linked against this spelling.
+    /// ECU edition query of the link, a code of the MCU. Kept: applications are linked against this
+    /// spelling.
     int getEcuEdititon();
     ///@}
 

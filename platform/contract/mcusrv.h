@@ -13,9 +13,10 @@ namespace mcu {
 /// The one link to the vehicle MCU.
 ///
 /// Codes, levels and units belong to the MCU protocol and pass through the library unchanged. What
-/// a comment does not explain is such a code. Commands are one-way, a result, if any, is reported
-/// by a signal; they are called from the facade's thread, unless their comment says otherwise.
-/// Signals may be emitted from a reader thread of the link. The library never deletes the object.
+/// a comment does not explain is such a code. Commands set what their comment names. They are
+/// one-way: a result, if any, is reported by a signal. They are called from the facade's thread,
+/// unless their comment says otherwise. Signals may be emitted from a reader thread of the link.
+/// The library never deletes the object.
 ///
 /// Commands are declared as slots so that the simulator can drive them by name; the library calls
 /// them as plain functions, and a link need not declare them as slots. Signals are connected by
