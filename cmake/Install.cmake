@@ -1,6 +1,7 @@
 # What an integrator gets: the library, its public headers, a CMake package and a pkg-config file.
 include(CMakePackageConfigHelpers)
 
+# docs/Doxyfile lists them too.
 set(public_headers
     autotest/autotesthandler.h
     include/debug.h
