@@ -140,7 +140,7 @@ void tst_Commands::withoutLinkNothingIsSent()
     for (const Operation &command : commands()) {
         if (needLink.contains(command.name.section('.', 1)))
             continue;
-        const QVariant result = command.call(counted(command, 3));
+        const QVariant result = command.call(nullptr, counted(command, 3));
         QCOMPARE(result, command.name.endsWith("getEcuEdititon") ? QVariant(0) : QVariant());
         // The DAB requests go to the tuner.
         const QString wanted = expected(command, counted(command, 3));
@@ -178,7 +178,7 @@ void tst_Commands::argumentsArriveAtTheLink()
         for (int from : {10, -51, highest - 20, lowest}) {
             sent();
             const QVariantList given = counted(command, from);
-            const QVariant result = command.call(given);
+            const QVariant result = command.call(nullptr, given);
             QCOMPARE(result, command.name.endsWith("getEcuEdititon") ? QVariant(42) : QVariant());
             const QString arrived = sent();
             QCOMPARE(command.name + ' ' + arrived, command.name + ' ' + expected(command, given));
