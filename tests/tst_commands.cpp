@@ -248,7 +248,7 @@ void tst_Commands::oddInputIsTaken()
     service.setAudioTimerDelay(1, nullptr);
     QCOMPARE(sent(), QString());
     service.set_Illumination(1, std::string("a\0\xc3\xa9", 4), 2, 3);
-    QCOMPARE(sent(), QString("set_Illumination(1,\"a%1é\",2,3)").arg(QChar(0)));
+    QCOMPARE(sent(), QString(R"(set_Illumination(1,"a\u0000é",2,3))"));
 }
 
 int main(int argc, char **argv) { return testkit::run<tst_Commands>(argc, argv); }
