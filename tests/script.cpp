@@ -45,7 +45,7 @@ Row filled(Row row, const QVector<int> &types, int round)
         const QRegularExpression use("(?<![\\w\".])" + arguments[place] + "(?![\\w\"(:])");
         const QString value = anyValue(types.value(place), round, place);
         for (QString *text : {&row.stimulus, &row.effects, &row.log})
-            text->replace(use, QString(value).replace('\\', "\\\\"));
+            text->replace(use, value);
     }
     return row;
 }
@@ -62,8 +62,8 @@ QString logText(const LogLine &line)
         return "bad front: " + line.text;
     static const QRegularExpression function("([~\\w]+)\\(");
     const QString text = line.text.mid(front.size()).replace('\n', "\\n").simplified();
-    return (tag == "[ERR]" ? "[ERR] " : "") + function.match(line.function).captured(1) + ": " +
-           text;
+    const QString mark = line.type == QtDebugMsg ? "" : "[ERR] ";
+    return (mark + function.match(line.function).captured(1) + ": " + text).trimmed();
 }
 
 /// What was wanted and what was received, from the first difference on.
@@ -115,11 +115,11 @@ QVector<Section> expanded(const Section &section)
         return {section};
     QVector<Section> sections;
     for (const QString &item : match.captured(3).split(' ')) {
-        const int first = item.section("..", 0, 0).toInt();
-        for (int value = first; value <= item.section("..", -1).toInt(); ++value) {
+        const qint64 first = item.section("..", 0, 0).toInt();
+        for (qint64 value = first; value <= item.section("..", -1).toInt(); ++value) {
             sections.append({section.file, match.captured(1), section.rows});
+            const QRegularExpression use("\\b" + match.captured(2) + "\\b");
             for (Row &row : sections.last().rows) {
-                const QRegularExpression use("\\b" + match.captured(2) + "\\b");
                 for (QString *text : {&row.stimulus, &row.effects, &row.log})
                     text->replace(use, QString::number(value));
             }
@@ -136,13 +136,19 @@ QVector<Section> readScript(const QString &path)
     if (!file.open(QFile::ReadOnly))
         qFatal("cannot read %s", qPrintable(path));
     QVector<Section> sections;
+    QVector<QPair<QRegularExpression, QString>> words;
     QStringList lines = QString::fromUtf8(file.readAll()).split('\n');
     for (int number = 1; !lines.isEmpty(); ++number) {
         QString line = lines.takeFirst();
         const int first = number;
         for (; lines.value(0).startsWith(' '); ++number)
             line += ' ' + lines.takeFirst().trimmed();
-        if (line.startsWith("== "))
+        for (const auto &[word, meaning] : qAsConst(words))
+            line.replace(word, meaning);
+        if (line.startsWith("let "))
+            words.append({QRegularExpression("\\b" + line.section(' ', 1, 1) + "\\b"),
+                          line.section('=', 1).trimmed()});
+        else if (line.startsWith("== "))
             sections.append({path, line.mid(3), {}});
         else if (!line.isEmpty() && !line.startsWith('#'))
             sections.last().rows.append(parsedRow(first, line));
@@ -158,12 +164,14 @@ QString playSection(const Section &section, substitute::VirtualClock *clock)
     for (const Stage::Inputs inputs : {Stage::Inputs::MainThread, Stage::Inputs::OtherThread}) {
         const auto stage = std::make_unique<Stage>(clock, inputs); // in memory that is not 0
         const bool isLogged = inputs == Stage::Inputs::MainThread;
-        const auto capture = isLogged ? std::make_unique<LogCapture>() : nullptr;
+        LogCapture capture;
+        QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, isLogged);
         for (const Row &row : section.rows) {
             const QVector<int> types = stage->parameterTypes(row.stimulus);
             const bool hasLetters = filled(row, types, 0).stimulus != row.stimulus;
             for (int round = 0; round < (hasLetters ? rounds : 1); ++round) {
-                const QString failure = playRow(filled(row, types, round), *stage, capture.get());
+                const QString failure =
+                    playRow(filled(row, types, round), *stage, isLogged ? &capture : nullptr);
                 if (!failure.isEmpty())
                     return section.file + failure + "    in: " + section.title +
                            (isLogged ? "\n" : ", with inputs from another thread\n");

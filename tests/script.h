@@ -15,7 +15,7 @@
 //     start McuManager         makes the manager; everything else is there from the start
 //     set isReverseOn true     an answer of the link or a state of the platform
 //     +200ms                   virtual time passes
-//     first() & second()       both happen in one turn of the event loop
+//     first() & second()       both happen in one turn of the event loop (without braces below)
 //
 // What comes of it:
 //
@@ -30,10 +30,11 @@
 //     -- f: text | g: text     the log lines with their functions, "[ERR]" before errors; a lone
 //                              "--" for none; without "--" anything may be logged
 //
-// Values are 7, true, "text", 0x0aff and [1,2]; 1..4 is 1,2,3,4 and 0x00*15 fifteen zero bytes. A
-// small letter is any value: its row is played with several, extreme ones too. A section
-// "== Title, for X in 1 3 5..8" is played for each X. A line that begins with a blank continues the
-// one before; "#" begins a remark.
+// Values are 7, true, "text", 0x0aff and [1,2]; 1..4 is 1,2,3,4, 0x00*15 fifteen zero bytes (always
+// so from four on that are the same) and "x"*300 a text of 300 letters. A small letter is any
+// value: its row is played with several, extreme ones too. A section
+// "== Title, for X in 1 3 5..8" is played for each X; behind "let WORD = text" the word stands for
+// the text. A line that begins with a blank continues the one before; "#" begins a remark.
 //
 // A section has new objects and is played twice: with what comes from the link and the platform,
 // and audio statuses, in the main thread and debug output on; then with them in another thread and

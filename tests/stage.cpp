@@ -121,6 +121,10 @@ const QHash<QString, std::function<void(const QVariantList &values)>> settings{
 /// The value that a text stands for.
 QVariant parsed(const QString &text)
 {
+    static const QRegularExpression repeated("^\"(.)\"\\*(\\d+)$");
+    const QRegularExpressionMatch match = repeated.match(text);
+    if (match.hasMatch())
+        return match.captured(1).repeated(match.captured(2).toInt());
     if (text.startsWith("0x"))
         return QByteArray::fromHex(text.mid(2).toLatin1());
     const QJsonDocument json = QJsonDocument::fromJson('[' + text.toUtf8() + ']');
@@ -145,10 +149,19 @@ QStringList argumentTexts(const QString &call)
     return texts;
 }
 
-bool isQuery(const mcusim::Operation &operation)
+/// What can be read of an object of a class.
+QVector<mcusim::Operation> queriesOf(const QString &className)
 {
-    return operation.result != QMetaType::Void && operation.parameters.isEmpty() &&
-           operation.name != "McuService.init";
+    static const QHash<QString, QVector<mcusim::Operation>> byClass = [] {
+        QHash<QString, QVector<mcusim::Operation>> found;
+        for (const mcusim::Operation &operation : scriptOperations()) {
+            if (operation.result != QMetaType::Void && operation.parameters.isEmpty() &&
+                operation.name != "McuService.init")
+                found[operation.name.section('.', 0, 0)].append(operation);
+        }
+        return found;
+    }();
+    return byClass[className];
 }
 
 /// 0, false, an empty text or nothing but zeros in a list; bytes show their length.
@@ -266,12 +279,9 @@ void Stage::add(const QString &name, QObject *object, const QString &prefix)
             const bool isElsewhere = QThread::currentThread() != qApp->thread();
             note((isElsewhere ? "elsewhere " : "") + prefix + show(signal.name(), arguments));
         }));
-    const QString className = name.section(' ', -1);
-    for (const mcusim::Operation &operation : scriptOperations()) {
-        if (operation.name.section('.', 0, 0) == className && isQuery(operation)) {
-            m_readings.push_back({name, prefix + operation.name.section('.', 1),
-                                  [object, operation] { return operation.call(object, {}); }});
-        }
+    for (const mcusim::Operation &query : queriesOf(name.section(' ', -1))) {
+        m_readings.push_back({name, prefix + query.name.section('.', 1),
+                              [object, query] { return query.call(object, {}); }});
     }
     if (auto *service = qobject_cast<mcu::McuService *>(object)) {
         m_readings.push_back(
@@ -286,14 +296,16 @@ QStringList Stage::play(const QString &stimulus)
     const QVariantList before = readings();
     m_effects.clear();
     QStringList texts;
-    for (const QString &one : splitOutside(stimulus, " & "))
+    const QStringList together = splitOutside(stimulus, " & ");
+    for (const QString &one : together)
         texts += perform(one);
     m_clock->settle();
 
     const QVariantList after = readings();
     for (const Effect &effect : qAsConst(m_effects)) {
-        const QString old = differing(effect.readings, after).join(' ');
-        texts.append(old.isEmpty() ? effect.text : effect.text + '{' + old + '}');
+        const QStringList old = differing(effect.readings, after);
+        const bool isStored = together.size() > 1 || old.isEmpty();
+        texts.append(isStored ? effect.text : effect.text + '{' + old.join(' ') + '}');
     }
     return texts + differing(after, before);
 }
@@ -370,12 +382,13 @@ Stage::Callee Stage::callee(const QString &stimulus) const
 {
     const QString name = stimulus.section('(', 0, 0);
     const int count = argumentTexts(stimulus).size();
+    const QString operationName = name.section(' ', -1);
     const bool isReport = !name.contains('.');
     QObject *object = isReport ? mcu::McuSrv::instance() : m_objects[name.section('.', 0, 0)];
     if (!object)
         qFatal("there is no object for %s", qPrintable(stimulus));
     for (const mcusim::Operation &operation : scriptOperations()) {
-        if (operation.name == name.section(' ', -1) && operation.parameters.size() == count) {
+        if (operation.name == operationName && operation.parameters.size() == count) {
             QVector<int> types;
             for (const mcusim::Parameter &parameter : operation.parameters)
                 types.append(parameter.type);
