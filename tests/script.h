@@ -31,7 +31,7 @@
 //                              "--" for none; without "--" anything may be logged
 //
 // Values are 7, true, "text", 0x0aff and [1,2]; 1..4 is 1,2,3,4, 0x00*15 fifteen zero bytes (always
-// so from four on that are the same) and "x"*300 a text of 300 letters. A small letter is any
+// so from six on that are the same) and "x"*300 a text of 300 letters. A small letter is any
 // value: its row is played with several, extreme ones too. A section
 // "== Title, for X in 1 3 5..8" is played for each X; behind "let WORD = text" the word stands for
 // the text. A line that begins with a blank continues the one before; "#" begins a remark.

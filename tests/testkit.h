@@ -19,7 +19,8 @@
 
 namespace testkit {
 
-/// A value as a table shows it: 5, true, "text", [1,2], 0x0aff, fifteen times the same byte as 0x00*15.
+/// A value as a table shows it: 5, true, "text", [1,2], 0x0aff, fifteen times the same byte as
+/// 0x00*15.
 inline QString show(const QVariant &value)
 {
     const QByteArray bytes = value.toByteArray();
@@ -30,7 +31,7 @@ inline QString show(const QVariant &value)
         return QString::fromUtf8(json.toJson(QJsonDocument::Compact)).mid(1).chopped(1);
     }
     case QVariant::ByteArray:
-        if (bytes.size() > 3 && bytes.count(bytes[0]) == bytes.size())
+        if (bytes.size() > 5 && bytes.count(bytes[0]) == bytes.size())
             return show(bytes.left(1)) + '*' + QString::number(bytes.size());
         return "0x" + QString::fromLatin1(bytes.toHex());
     default:
