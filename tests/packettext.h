@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QByteArray>
+#include <QStringList>
 
 namespace testkit {
 
@@ -22,6 +23,17 @@ inline QByteArray packetText(const QByteArray &data)
     if (data.size() < 6 || data != packet(data[3], data[4], payload))
         return {};
     return data.mid(3, 1).toHex() + ':' + data.mid(4, 1).toHex() + ':' + payload.toHex();
+}
+
+/// The packet of such a text; empty for all other texts.
+inline QByteArray packetOf(const QString &text)
+{
+    const QStringList parts = text.split(':');
+    bool isNumber[2]{};
+    const int type = parts[0].toInt(&isNumber[0], 16), did = parts.value(1).toInt(&isNumber[1], 16);
+    if (parts.size() != 3 || !isNumber[0] || !isNumber[1])
+        return {};
+    return packet(type, did, QByteArray::fromHex(parts[2].toLatin1()));
 }
 
 } // namespace testkit
