@@ -10,8 +10,8 @@
 
 #include "audioservice.h"
 #include "eventhandler.h"
+#include "settingsexe.h"
 
-#include <QDir>
 #include <QJsonArray>
 #include <QJsonDocument>
 #include <QRegularExpression>
@@ -37,6 +37,32 @@ void *operator new(std::size_t size)
 }
 void operator delete(void *memory) noexcept { std::free(memory); }
 void operator delete(void *memory, std::size_t) noexcept { std::free(memory); }
+
+namespace {
+
+const char factorySettings[] = "/media/flash/nvm/factory/settings.ini";
+QHash<QString, QString> storedSettings;
+
+} // namespace
+
+// The factory settings are kept in memory, in place of the substitute's files.
+int mem::SettingsExe::getValue(QString key, QString file, int fallback)
+{
+    bool isNumber = false;
+    const int value = storedSettings.value(file == factorySettings ? key : file).toInt(&isNumber);
+    return isNumber ? value : fallback;
+}
+bool mem::SettingsExe::getValue(QString key, QString file, bool fallback)
+{
+    const QVariant value = storedSettings.value(file == factorySettings ? key : file);
+    return value.toString().isEmpty() ? fallback : value.toBool();
+}
+void mem::SettingsExe::setOtherPathValue(QString key, QString file, QVariant value, QVariant value2,
+                                         bool flag)
+{
+    platform::log().record("SettingsExe.setOtherPathValue", key, file, value, value2, flag);
+    storedSettings[key] = value.toString();
+}
 
 namespace testkit {
 
@@ -69,18 +95,6 @@ QVariant radarDistances()
     std::array<int, 8> distances{};
     McuVechicleBridge::instance()->radarDistance(distances.data(), distances.data() + 4);
     return QVariantList(distances.begin(), distances.end());
-}
-
-const char factorySettings[] = "/media/flash/nvm/factory/settings.ini";
-
-/// Writes the factory settings anew, from "key=value" texts.
-void setFactorySettings(const QString &entries)
-{
-    QFile file(platform::settingsRoot() + factorySettings);
-    QDir().mkpath(QFileInfo(file).path());
-    if (!file.open(QFile::WriteOnly))
-        qFatal("no settings file");
-    file.write("[General]\n" + QString(entries).replace(' ', '\n').toUtf8());
 }
 
 /// A command to the link: "6e:05:02" for a packet to the factory station.
@@ -116,7 +130,7 @@ void putBack()
     mcu::AutoTestHandler::instance()->stop();
     link::reset();
     platform::reset();
-    setFactorySettings({});
+    storedSettings.clear();
 
     McuVechicleBridge *bridge = McuVechicleBridge::instance();
     bridge->notifyHeadlightUpdate(false, 0);
@@ -146,8 +160,12 @@ const QHash<QString, std::function<void(const QVariantList &values)>> settings{
      }},
     {"muteState", [](const QVariantList &values) { platform::setMuteState(values[0].toInt()); }},
     {"attState", [](const QVariantList &values) { platform::setAttState(values[0].toInt()); }},
-    {"factorySettings",
-     [](const QVariantList &values) { setFactorySettings(values[0].toString()); }},
+    {"stored", // "key=value key=value", and nothing else
+     [](const QVariantList &values) {
+         storedSettings.clear();
+         for (const QString &entry : values[0].toString().split(' ', Qt::SkipEmptyParts))
+             storedSettings[entry.section('=', 0, 0)] = entry.section('=', 1);
+     }},
     {"display", [](const QVariantList &values) { platform::setCurrentDisplay(values[0].toInt()); }},
     {"panelKey",
      [](const QVariantList &values) {
