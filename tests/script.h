@@ -15,6 +15,7 @@
 //     start McuManager         makes the manager; everything else is there from the start
 //     set isReverseOn true     an answer of the link or a state of the platform
 //     +200ms                   virtual time passes
+//     2e:05:02                 the factory station sends a packet: type, DID, payload
 //     first() & second()       both happen in one turn of the event loop (without braces below)
 //
 // What comes of it:
@@ -23,6 +24,8 @@
 //     keyEvent(7,0)            an emission of the facade; others: bridge.x(), radio.x(),
 //                              manager.x(), handler.x(), unlinked.x()
 //     link.SetVolume(9)        a command to the link; to the platform: AudioService.Att20DB(true)
+//     6e:05:02                 a packet to the factory station
+//     stored.key(7)            a factory setting that is stored
 //     x()                      told with everything stored: whatever is read inside the emission
 //                              or command has the value that it has after the row
 //     x(){isAttOn=false}       told while this still has another value

@@ -5,10 +5,12 @@
 #include "mcusrv.h"
 #include "mcuvechiclebridge.h"
 #include "operationtable.h"
+#include "packettext.h"
 #include "platformsubstitute.h"
 
 #include "audioservice.h"
 #include "eventhandler.h"
+#include "settingsexe.h"
 
 #include <QJsonArray>
 #include <QJsonDocument>
@@ -35,6 +37,32 @@ void *operator new(std::size_t size)
 }
 void operator delete(void *memory) noexcept { std::free(memory); }
 void operator delete(void *memory, std::size_t) noexcept { std::free(memory); }
+
+namespace {
+
+const char factorySettings[] = "/media/flash/nvm/factory/settings.ini";
+QHash<QString, QString> storedSettings;
+
+} // namespace
+
+// The factory settings are kept in memory, in place of the substitute's files.
+int mem::SettingsExe::getValue(QString key, QString file, int fallback)
+{
+    bool isNumber = false;
+    const int value = storedSettings.value(file == factorySettings ? key : file).toInt(&isNumber);
+    return isNumber ? value : fallback;
+}
+bool mem::SettingsExe::getValue(QString key, QString file, bool fallback)
+{
+    const QVariant value = storedSettings.value(file == factorySettings ? key : file);
+    return value.toString().isEmpty() ? fallback : value.toBool();
+}
+void mem::SettingsExe::setOtherPathValue(QString key, QString file, QVariant value, QVariant value2,
+                                         bool flag)
+{
+    platform::log().record("SettingsExe.setOtherPathValue", key, file, value, value2, flag);
+    storedSettings[key] = value.toString();
+}
 
 namespace testkit {
 
@@ -69,6 +97,25 @@ QVariant radarDistances()
     return QVariantList(distances.begin(), distances.end());
 }
 
+/// A command to the link: "6e:05:02" for a packet to the factory station.
+QString commandText(const substitute::Call &call)
+{
+    const QByteArray sent = call.arguments.value(1).toByteArray();
+    const QString packet = packetText(sent);
+    const bool isPacket = call.name == "sendAutoTestPkgToMcu" && call.arguments[0] == sent.size();
+    return isPacket && !packet.isEmpty() ? packet : "link." + show(call.name, call.arguments);
+}
+
+/// A call of the platform: "stored.key(value)" for a factory setting that is stored.
+QString platformText(const substitute::Call &call)
+{
+    const QVariantList &values = call.arguments;
+    const bool isStored = call.name == "SettingsExe.setOtherPathValue" &&
+                          values[1] == factorySettings && values[2] == values[3] &&
+                          values[4] == true;
+    return isStored ? show("stored." + values[0].toString(), {values[2]}) : show(call.name, values);
+}
+
 /// Puts back what outlives a stage: connections to the link and the platform, and the one bridge.
 /// The process's own facade keeps the link, by which the manager's instance mutes and the factory
 /// test answers, but gets no reports.
@@ -83,6 +130,7 @@ void putBack()
     mcu::AutoTestHandler::instance()->stop();
     link::reset();
     platform::reset();
+    storedSettings.clear();
 
     McuVechicleBridge *bridge = McuVechicleBridge::instance();
     bridge->notifyHeadlightUpdate(false, 0);
@@ -112,6 +160,13 @@ const QHash<QString, std::function<void(const QVariantList &values)>> settings{
      }},
     {"muteState", [](const QVariantList &values) { platform::setMuteState(values[0].toInt()); }},
     {"attState", [](const QVariantList &values) { platform::setAttState(values[0].toInt()); }},
+    {"stored", // "key=value key=value", and nothing else
+     [](const QVariantList &values) {
+         storedSettings.clear();
+         for (const QString &entry : values[0].toString().split(' ', Qt::SkipEmptyParts))
+             storedSettings[entry.section('=', 0, 0)] = entry.section('=', 1);
+     }},
+    {"display", [](const QVariantList &values) { platform::setCurrentDisplay(values[0].toInt()); }},
     {"panelKey",
      [](const QVariantList &values) {
          platform::pressPanelKey(values[0].toInt(), values[1].toInt(), values[2].toInt());
@@ -127,6 +182,9 @@ QVariant parsed(const QString &text)
         return match.captured(1).repeated(match.captured(2).toInt());
     if (text.startsWith("0x"))
         return QByteArray::fromHex(text.mid(2).toLatin1());
+    const QByteArray packet = packetOf(text);
+    if (!packet.isEmpty())
+        return packet;
     const QJsonDocument json = QJsonDocument::fromJson('[' + text.toUtf8() + ']');
     if (json.array().size() != 1)
         qFatal("no value: %s", qPrintable(text));
@@ -258,10 +316,8 @@ Stage::Stage(substitute::VirtualClock *clock, Inputs inputs) : m_clock(clock), m
     add("unlinked McuService", &m_unlinkedService, "unlinked.");
     add("unlinked McuRadioInterface", &m_unlinkedRadio, "unlinked.");
     add("unlinked McuManager", &m_unlinkedManager, "unlinked.");
-    link::log().setListener(
-        [this](const substitute::Call &call) { note("link." + show(call.name, call.arguments)); });
-    platform::log().setListener(
-        [this](const substitute::Call &call) { note(show(call.name, call.arguments)); });
+    link::log().setListener([this](const substitute::Call &call) { note(commandText(call)); });
+    platform::log().setListener([this](const substitute::Call &call) { note(platformText(call)); });
 }
 
 Stage::~Stage()
@@ -320,6 +376,8 @@ QStringList Stage::perform(const QString &stimulus)
         m_clock->advance(stimulus.mid(1).chopped(2).toInt());
         return {};
     }
+    if (!packetOf(stimulus).isEmpty())
+        return call("AutoTestHandler.onAutoTestPkgChanged(" + stimulus + ')');
     if (stimulus == "start McuManager") {
         m_manager = std::make_unique<McuManager>(m_service.get());
         add("McuManager", m_manager.get(), "manager.");

@@ -61,14 +61,14 @@ expect(own ${SUBSTITUTE} ${on_substitute})
 # build(library platform sonames): builds the library anew with these settings. One build folder for
 # all, so that the second and the third are only linked.
 function(build library platform sonames)
-    execute_process(COMMAND ${CMAKE_COMMAND} -S ${SOURCE} -B ${WORK}/build -G ${GENERATOR}
+    execute_process(COMMAND ${CMAKE_COMMAND} -S ${SOURCE} -B ${WORK}/library -G ${GENERATOR}
                             -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_BUILD_TYPE=Debug
                             -DBUILD_TESTING=OFF -DMCUSERVICE_SIMULATOR=OFF
                             -DMCUSERVICE_PLATFORM_DIR=${platform}
                             "-DMCUSERVICE_SERVICES_SONAMES=${sonames}"
                     OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
-    run(${CMAKE_COMMAND} --build ${WORK}/build)
-    run(${CMAKE_COMMAND} --install ${WORK}/build --prefix ${WORK}/${library})
+    run(${CMAKE_COMMAND} --build ${WORK}/library)
+    run(${CMAKE_COMMAND} --install ${WORK}/library --prefix ${WORK}/${library})
 endfunction()
 
 if(NOT FLAGS)
@@ -83,7 +83,7 @@ if(NOT FLAGS)
         expect(${services} ${SAMPLE}/${services}/lib ${on_sample})
     endforeach()
     build(swapped "" "libsamplemedia.so.1;libsamplesettings.so.1")
-    expect(swapped ${WORK}/build/platform/substitute ${on_substitute})
+    expect(swapped ${WORK}/library/platform/substitute ${on_substitute})
     expect(swapped ${SAMPLE}/split/lib ${on_sample})
 endif()
 
