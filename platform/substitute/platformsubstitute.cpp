@@ -1,5 +1,5 @@
-// The substitute platform services apart from the settings files: each holds the little state that
-// the library can see and writes down what it was told.
+// The substitute platform services except the settings files. Each keeps the state that the library
+// can query, and logs the calls that it receives.
 #include "platformsubstitute.h"
 
 #include "audioservice.h"
