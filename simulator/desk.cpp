@@ -139,7 +139,7 @@ void Desk::call(const Event &event)
             return candidate.name == event.name &&
                    candidate.parameters.size() == event.arguments.size();
         });
-    const QVariant result = operation->call(event.arguments);
+    const QVariant result = operation->call(nullptr, event.arguments);
     if (result.isValid())
         tell(Kind::Answer, event.name, {result});
 }

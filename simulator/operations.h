@@ -1,6 +1,7 @@
 // What an application can call, by name: one table for scenarios, lists and tests.
 #pragma once
 
+#include <QObject>
 #include <QString>
 #include <QStringList>
 #include <QVariantList>
@@ -22,7 +23,8 @@ struct Operation {
     QString name; ///< "McuService.SetVolume"
     QVector<Parameter> parameters;
     int result; ///< QMetaType of what it gives back; Void for nothing
-    std::function<QVariant(const QVariantList &arguments)> call;
+    /// Calls it on an object of its class, or on the one that applications reach when it is null.
+    std::function<QVariant(QObject *object, const QVariantList &arguments)> call;
 };
 
 /// All of them, in the order of the headers.

@@ -75,12 +75,13 @@ Operation makeOperation(const char *className, const char *name, Method method,
                         const char *const *names, std::index_sequence<I...>)
 {
     Q_UNUSED(names)
-    const auto call = [method](const QVariantList &arguments) {
+    const auto call = [method](QObject *object, const QVariantList &arguments) {
         Q_UNUSED(arguments)
+        auto *target = object ? static_cast<Object *>(object) : Object::instance();
         // Kept here for the operations that take a reference or a pointer.
         std::tuple values{WrittenAs<Arguments>::from(arguments[int(I)])...};
         Q_UNUSED(values)
-        const auto run = [&] { return (Object::instance()->*method)(std::get<I>(values)...); };
+        const auto run = [&] { return (target->*method)(std::get<I>(values)...); };
         if constexpr (std::is_void_v<Result>) {
             run();
             return QVariant();

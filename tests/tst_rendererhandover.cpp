@@ -1,87 +1,74 @@
-// The hand-over to the renderer: the release semaphore, and a write that never blocks, whatever
-// stands in the place of the FIFO.
-#include "rendererhandover.h"
+// What the renderer receives of parking distances, whatever stands in its place, and whether it has
+// released the UART.
+#include "mcuvechiclebridge.h"
+#include "rendererstandin.h"
+#include "standarderror.h"
+#include "testkit.h"
 
 #include <QDir>
-#include <QTemporaryDir>
-#include <QTest>
 
-#include <cerrno>
+#include <array>
+#include <climits>
 #include <csignal>
+#include <new>
 
 #include <fcntl.h>
-#include <sys/sem.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+using renderer::node;
+using Values = QVector<int>;
+
 namespace {
 
-key_t askedKey = 0;
-int semaphore = -1; // of the renderer
-
-// A renderer in a folder of its own; its semaphore goes with it.
-struct Renderer {
-    Renderer() { QVERIFY(QFile(keyFile).open(QFile::WriteOnly)); }
-    ~Renderer()
-    {
-        close(reader);
-        semctl(semaphore, 0, IPC_RMID);
-        semaphore = -1;
-    }
-    void setSemaphore(int value) { semctl(semget(0, 1, IPC_CREAT | 0777), 0, SETVAL, value); }
-    void readFifo()
-    {
-        QCOMPARE(mkfifo(node, 0600), 0);
-        reader = open(node, O_RDONLY | O_NONBLOCK);
-    }
-    void fillFifo()
-    {
-        const int writer = open(node, O_WRONLY | O_NONBLOCK);
-        while (write(writer, "x", 1) == 1)
-            ++filled;
-        close(writer);
-    }
-    QByteArray received()
-    {
-        QByteArray bytes(1 << 20, 0);
-        bytes.truncate(qMax(0, int(read(reader, bytes.data(), size_t(bytes.size())))));
-        return bytes.mid(filled);
-    }
-
-    QTemporaryDir folder;
-    QByteArray keyFile = QFile::encodeName(folder.filePath("key"));
-    QByteArray node = QFile::encodeName(folder.filePath("rx"));
-    int reader = -1;
-    int filled = 0;
-};
-
-using Prepare = void (*)(Renderer &renderer);
-
-int openFile(const Renderer &renderer, int flags) { return open(renderer.node, flags, 0600); }
+/// The write that a frame is part of.
+QByteArray image(const char *frame) { return QByteArray::fromHex(frame) + QByteArray(30, '\0'); }
 
 int openDescriptors()
 {
     return QDir("/proc/self/fd").entryList(QDir::AllEntries | QDir::System).size();
 }
 
-} // namespace
-
-// Keys belong to the whole machine, and two files may have the same one: whatever the key, which is
-// noted, the semaphore is a private one. The key -1 is refused.
-// NOLINTBEGIN(bugprone-reserved-identifier): names that the linker gives
-extern "C" int __real_semget(key_t key, int count, int flags);
-extern "C" int __wrap_semget(key_t key, int count, int flags)
-{
-    askedKey = key;
-    if (key == -1) {
-        errno = EACCES;
-        return -1;
+/// A renderer that has released the UART, with a bridge of its own.
+struct Renderer {
+    Renderer() { renderer::state() = {true, true, 1, {}}; }
+    Renderer(const Renderer &) = delete;
+    Renderer &operator=(const Renderer &) = delete;
+    ~Renderer()
+    {
+        close(reader);
+        QFile::remove(node());
+        QDir().rmdir(node());
     }
-    if (semaphore == -1 && (flags & IPC_CREAT) != 0)
-        semaphore = __real_semget(IPC_PRIVATE, count, flags);
-    return semaphore;
-}
-// NOLINTEND(bugprone-reserved-identifier)
+    void readNode() { reader = openat(AT_FDCWD, node(), O_RDONLY | O_NONBLOCK); }
+    void readFifo()
+    {
+        QCOMPARE(mkfifo(node(), 0600), 0);
+        readNode();
+    }
+    QByteArray received() const
+    {
+        QByteArray bytes(1 << 20, '\0');
+        return bytes.left(qMax(0, int(read(reader, bytes.data(), size_t(bytes.size())))));
+    }
+    /// What can be read from the node whenever applications are told, once for each report.
+    QByteArrayList report(Values codes = Values(8, 0))
+    {
+        QByteArrayList told;
+        const QMetaObject::Connection listener = QObject::connect(
+            &bridge, &McuVechicleBridge::radarDistanceChanged, [&] { told += received(); });
+        bridge.notifyRadarUpdate(codes.data(), codes.data() + 4, 1, 2, 3);
+        QObject::disconnect(listener);
+        return told;
+    }
+
+    McuVechicleBridge bridge;
+    int reader = -1;
+};
+
+using Prepare = void (*)(Renderer &renderer);
+
+} // namespace
 
 Q_DECLARE_METATYPE(Prepare)
 
@@ -89,77 +76,136 @@ class tst_RendererHandover : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void releaseFollowsTheSemaphore()
+    void aNewBridgeKnowsNothing()
     {
+        // In memory that is not 0 by chance.
+        alignas(McuVechicleBridge) std::array<char, sizeof(McuVechicleBridge)> memory;
+        memory.fill('\xa5');
+        auto *bridge = new (memory.data()) McuVechicleBridge;
+        Values distances(8, 1);
+        bridge->radarDistance(distances.data(), distances.data() + 4);
+        QCOMPARE(distances, Values(8, 0));
+        QVERIFY(!bridge->headlight() && !bridge->parking() && !bridge->reverse());
+        QVERIFY(!bridge->turnlight() && !bridge->carSpeed() && !bridge->doorState());
+        QCOMPARE(bridge->wheelAngle(), 50);
+        bridge->~McuVechicleBridge();
+    }
+
+    void frames_data()
+    {
+        QTest::addColumn<Values>("codes");
+        QTest::addColumn<Values>("distances");
+        QTest::addColumn<QByteArray>("frame");
+        QTest::newRow("no obstacle and near ones")
+            << Values{0, 1, 2, 3, 10, 0, 0, 0} << Values{10000, 30, 35, 40, 75, 10000, 10000, 10000}
+            << QByteArray("5511101e23284b1010100000000000000000fbff");
+        QTest::newRow("one byte for a distance")
+            << Values{46, 47, 255, 1, -5, -6, 4, 5} << Values{255, 260, 1300, 30, 0, -5, 45, 50}
+            << QByteArray("5511ff04141e00fb2d32000000000000000060ff");
+        QTest::newRow("codes beyond any sensor")
+            << Values{INT_MAX, INT_MIN, 429496724, 429496725, -429496734, -429496735, 1, 0}
+            << Values{INT_MAX, INT_MIN, 2147483645, INT_MAX, -2147483645, INT_MIN, 30, 10000}
+            << QByteArray("5511ff00fdff03001e100000000000000000c3ff");
+    }
+
+    void frames()
+    {
+        QFETCH(Values, codes);
+        QFETCH(QByteArray, frame);
         Renderer renderer;
-        QVERIFY(!isUartReleased(renderer.keyFile));
-        QCOMPARE(askedKey, ftok(renderer.keyFile, 1));
-        semid_ds made{};
-        QCOMPARE(semctl(semaphore, 0, IPC_STAT, &made), 0);
-        QCOMPARE(made.sem_perm.mode & 0777, 0777);
-        for (int value : {1, 2, 0}) {
-            renderer.setSemaphore(value);
-            QCOMPARE(isUartReleased(renderer.keyFile), value > 0);
-            QCOMPARE(semctl(semaphore, 0, GETVAL), value);
+        renderer.readFifo();
+        testkit::LogCapture log;
+        QString lines;
+        for (int i = 0; i < codes.size(); ++i)
+            lines += QString::number(codes[i]) + (i % 4 == 3 ? '\n' : ' ');
+        for (int times = 0; times < 2; ++times) { // changed or not
+            QCOMPARE(renderer.report(codes), QByteArrayList{image(frame)});
+            QCOMPARE(log.takeTexts().join('\n') + '\n', lines);
+            Values distances(8);
+            renderer.bridge.radarDistance(distances.data(), distances.data() + 4);
+            QTEST(distances, "distances");
         }
     }
 
-    void missingKeyFileIsToldAndGoesOn()
+    void nodes_data()
     {
-        Renderer renderer;
-        QVERIFY(QFile::remove(renderer.keyFile));
-        renderer.reader = openFile(renderer, O_RDWR | O_CREAT | O_APPEND);
-        const int standardError = dup(STDERR_FILENO);
-        dup2(renderer.reader, STDERR_FILENO);
-        const bool released = isUartReleased(renderer.keyFile);
-        dup2(standardError, STDERR_FILENO);
-        close(standardError);
-        lseek(renderer.reader, 0, SEEK_SET);
-
-        QVERIFY(!released);
-        QCOMPARE(askedKey, key_t(-1));
-        QCOMPARE(renderer.received(),
-                 QByteArray("do_notify_release_uart (ftok): No such file or directory\n"
-                            "do_notify_release_uart (semget): Permission denied\n"));
-    }
-
-    void writesOneImageOrNothing_data()
-    {
+        QTest::addColumn<QByteArray>("received");
         QTest::addColumn<Prepare>("prepare");
-        QTest::addColumn<int>("bytes");
-        const auto row = [](const char *name, int bytes, Prepare prepare) {
-            QTest::newRow(name) << prepare << bytes;
+        const QByteArray written = image("5511101010101010101000000000000000006fff");
+        const auto row = [](const char *name, const QByteArray &received, Prepare prepare) {
+            QTest::newRow(name) << received << prepare;
         };
-        row("FIFO with reader", 50, [](Renderer &r) { r.readFifo(); });
-        row("FIFO without reader", 0, [](Renderer &r) { mkfifo(r.node, 0600); });
-        row("full", 0, [](Renderer &r) { r.readFifo(), r.fillFifo(); });
-        row("UART not released", 0, [](Renderer &r) { r.readFifo(), r.setSemaphore(0); });
-        row("missing", 0, [](Renderer &) {});
-        row("folder", 0, [](Renderer &r) { QDir().mkdir(r.node); });
-        row("regular file", 50, [](Renderer &r) { r.reader = openFile(r, O_RDONLY | O_CREAT); });
+        row("FIFO with reader", written, [](Renderer &r) { r.readFifo(); });
+        row("FIFO without reader", "", [](Renderer &) { mkfifo(node(), 0600); });
+        row("full FIFO", QByteArray(4096, '\0'), [](Renderer &r) {
+            const std::array<char, 4096> full{};
+            r.readFifo();
+            const int writer = openat(AT_FDCWD, node(), O_WRONLY | O_NONBLOCK);
+            QCOMPARE(fcntl(writer, F_SETPIPE_SZ, 4096), 4096);
+            QCOMPARE(write(writer, full.data(), full.size()), ssize_t(full.size()));
+            close(writer);
+        });
+        row("UART not released", "", [](Renderer &r) {
+            r.readFifo();
+            renderer::state().semaphore = 0;
+        });
+        row("missing", "", [](Renderer &) {});
+        row("folder", "", [](Renderer &) { QDir().mkdir(node()); });
+        row("dangling link", "", [](Renderer &) { QFile::link("gone", node()); });
+        row("longer file", written + "after", [](Renderer &r) {
+            QFile file(node());
+            QVERIFY(file.open(QFile::WriteOnly));
+            file.write(QByteArray(50, 'x') + "after");
+            r.readNode();
+        });
         // Nobody may write there, root neither.
-        row("no permission", 0,
-            [](Renderer &r) { QFile::link("/proc/sys/kernel/ostype", r.node); });
+        row("no permission", "",
+            [](Renderer &) { QFile::link("/proc/sys/kernel/ostype", node()); });
         // Last, for the number of the standard input stays free.
-        row("descriptor 0", 0, [](Renderer &r) { r.readFifo(), close(STDIN_FILENO); });
+        row("descriptor 0", "", [](Renderer &r) {
+            r.readFifo();
+            close(STDIN_FILENO);
+        });
     }
 
-    void writesOneImageOrNothing()
+    void nodes()
     {
+        QFETCH(QByteArray, received);
         QFETCH(Prepare, prepare);
-        QFETCH(int, bytes);
         Renderer renderer;
-        renderer.setSemaphore(1);
         prepare(renderer);
         const int descriptors = openDescriptors();
-        RadarImage image;
-        image.fill(0xA5);
-        handOverToRenderer(image, renderer.keyFile, renderer.node);
+        QCOMPARE(renderer.report(), QByteArrayList{received});
         QCOMPARE(openDescriptors(), descriptors);
-        QCOMPARE(renderer.received(), QByteArray(bytes, '\xA5'));
     }
 
-    void brokenPipeLeavesSignalsAlone()
+    void releaseFollowsTheSemaphore()
+    {
+        const QByteArray noKey("do_notify_release_uart (ftok): No such file or directory\n");
+        const QByteArray noSemaphore("do_notify_release_uart (semget): Permission denied\n");
+        const struct {
+            renderer::State state;
+            bool released;
+            QByteArray error;
+        } rows[]{
+            {{true, true, 0, {}}, false, ""},
+            {{true, true, 1, {}}, true, ""},
+            {{true, true, 2, {}}, true, ""},
+            {{true, true, -1, {}}, false, ""},
+            {{false, true, 1, {}}, true, noKey}, // the semaphore of key -1
+            {{false, true, 0, {}}, false, noKey},
+            {{true, false, 1, {}}, false, noSemaphore},
+            {{false, false, 1, {}}, false, noKey + noSemaphore},
+        };
+        for (const auto &row : rows) {
+            renderer::state() = row.state;
+            testkit::StandardError error;
+            QCOMPARE(is_avm_service_release_uart(), row.released);
+            QCOMPARE(error.take(), row.error);
+        }
+    }
+
+    void aBrokenPipeLeavesSignalsAlone()
     {
         sigset_t brokenPipe;
         sigemptyset(&brokenPipe);
@@ -170,11 +216,10 @@ private Q_SLOTS:
             pthread_sigmask(blocked ? SIG_BLOCK : SIG_UNBLOCK, &brokenPipe, nullptr);
             if (pending)
                 std::raise(SIGPIPE);
-            int ends[2];
-            QCOMPARE(pipe(ends), 0);
-            close(ends[0]);
-            writeWithoutSignal(ends[1], RadarImage{});
-            close(ends[1]);
+            Renderer renderer;
+            renderer.readFifo();
+            renderer::state().opened = [&] { close(std::exchange(renderer.reader, -1)); };
+            QCOMPARE(renderer.report(), QByteArrayList{""});
             sigset_t set;
             sigpending(&set);
             QCOMPARE(sigismember(&set, SIGPIPE), int(pending));
@@ -185,5 +230,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(tst_RendererHandover)
+int main(int argc, char **argv) { return testkit::run<tst_RendererHandover>(argc, argv); }
 #include "tst_rendererhandover.moc"

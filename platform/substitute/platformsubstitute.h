@@ -20,6 +20,10 @@ void setMainAudioMuted(bool muted);
 void setAttenuated(bool attenuated);
 bool isMainAudioMuted();
 bool isAttenuated();
+/// The same in the service's own words: any mute state, of which bit 0 is the main audio's, and any
+/// attenuation.
+void setMuteState(int state);
+void setAttState(int state);
 
 /// Emits the event dispatcher's signal for a panel key.
 void pressPanelKey(int key, int state, int kind);
