@@ -19,7 +19,7 @@ namespace {
 
 struct State {
     QList<int> audioEvents;
-    int mutes = 0; ///< a bit for each kind of audio that is muted
+    int mutes = 0; ///< one bit per kind of muted audio
     int attenuation = 0;
     int display = 0;
     bool forceTime = false;

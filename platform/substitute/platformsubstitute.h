@@ -20,8 +20,8 @@ void setMainAudioMuted(bool muted);
 void setAttenuated(bool attenuated);
 bool isMainAudioMuted();
 bool isAttenuated();
-/// The same in the service's own words: any mute state, of which bit 0 is the main audio's, and any
-/// attenuation.
+/// The same with the codes of the audio service: any mute state, in which bit 0 is the main audio,
+/// and any attenuation.
 void setMuteState(int state);
 void setAttState(int state);
 
