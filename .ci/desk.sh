@@ -1,10 +1,11 @@
-# Shared by all scripts here: makes the repository the working directory, installs what a Debian 12
-# machine lacks and builds a preset. Scripts may run side by side, in one checkout too.
+# Included by all scripts of the repository. Changes to the root of the repository, and has functions
+# that install missing Debian packages and build a preset. Several scripts may run at the same time,
+# also in one checkout.
 cd "$(dirname "$(realpath "${BASH_SOURCE[0]}")")/.."
 
 say() { printf '\n== %s\n' "$*"; }
 
-# install PACKAGE... - only what is missing, so a second call costs nothing.
+# install PACKAGE... - installs the packages that are missing.
 install() {
     local missing=() package
     for package in "$@"; do
@@ -20,8 +21,8 @@ install() {
 
 install_build_tools() { install g++ cmake make ninja-build qtbase5-dev pkg-config "$@"; }
 
-# build PRESET [TARGET...] - quiet but for what it compiles; shows everything when it fails. One build
-# of a checkout at a time.
+# build PRESET [TARGET...] - builds the preset, or these targets of it. Shows the output of the
+# configuration only if that fails. Waits for other builds of the same checkout.
 build() (
     preset=$1 log=build/$1.log targets=()
     shift

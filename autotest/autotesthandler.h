@@ -1,6 +1,6 @@
 /// \file
-/// The factory end-of-line test as applications see it: signals for what the station reads and
-/// sets, operations to answer it.
+/// The factory end-of-line test for applications: signals for the requests of the station,
+/// operations to answer them.
 #pragma once
 
 #include "mcuserviceexport.h"
@@ -16,23 +16,24 @@ namespace mcu {
 
 class AutoTestHandlerPrivate;
 
-/// Speaks the protocol of the factory test station, whose packets the MCU carries.
+/// Implements the protocol of the factory test station. The MCU transfers the packets.
 /// docs/factory-test.md describes the packets and all requests.
 ///
-/// Between start() and stop(), McuService::autoTestPkgChanged() brings chunks of bytes. Packets are
-/// assembled from them, verified and emitted as signals, one packet per chunk. Applications answer
-/// a read...() signal with sendReadInfo() for the same DID, usually with the requested item as the
-/// first byte. Write requests are acknowledged here. A broken or unknown packet gets no answer.
+/// Between start() and stop(), McuService::autoTestPkgChanged() delivers chunks of bytes. Packets
+/// are assembled from them, verified and emitted as signals, one packet per chunk. Applications
+/// answer a read...() signal with sendReadInfo() for the same DID, usually with the requested item
+/// as the first byte. Write requests are acknowledged here. A broken or unknown packet gets no
+/// answer.
 ///
 /// Each int argument of a read...() or set...() signal is a payload byte, 0 to 255; the codes are
 /// the station's. A missing byte is not refused: the packet's checksum takes the place of the first
 /// missing byte and 0 that of the others, unless the signal says otherwise.
 ///
-/// Packets leave through McuService::sendAutoTestPkgToMcu(), outside the test mode too; without a
-/// link they are lost. What exceeds 253 payload bytes is cut off. Call everything from the thread
-/// that first called instance(), which must be the facade's; signals are emitted there.
+/// Packets are sent with McuService::sendAutoTestPkgToMcu(), outside the test mode too; without a
+/// link they are lost. Payloads are cut to 253 bytes. Call everything from the thread that first
+/// calls instance(), which must be the facade's; signals are emitted there.
 ///
-/// Kept: getters carry no const, because applications are linked against the names without it.
+/// Kept: getters are not const, because applications are linked against the names without it.
 class MCUSERVICE_EXPORT AutoTestHandler : public QObject {
     Q_OBJECT
 
@@ -42,14 +43,14 @@ public:
 
     /// The object: created on first use (thread-safe), destroyed at process exit, never null.
     static AutoTestHandler *instance();
-    /// A handler of its own over McuService::instance(), for tests; applications use instance().
+    /// A separate handler over McuService::instance(), for tests; applications use instance().
     explicit AutoTestHandler(QObject *parent = nullptr);
     /// Ends receiving; the station is not informed.
     ~AutoTestHandler() override;
     /// Begins receiving. McuService::notifyAutoTestStatus() calls it; a second call does nothing.
     void start();
     /// Ends receiving and drops the bytes that wait. McuService::notifyAutoTestStatus() calls it.
-    /// The key test stays as it is.
+    /// The key test does not change.
     void stop();
     /// Whether packets are received; false before the first start().
     bool isInAutotestMode();
@@ -91,8 +92,8 @@ public:
 
 Q_SIGNALS:
     /// \name Read requests
-    /// The DID stands in front. The application that has the value answers with sendReadInfo() for
-    /// this DID; `type` is the requested item.
+    /// Each comment begins with the DID. The application that has the value answers with
+    /// sendReadInfo() for this DID; `type` is the requested item.
     ///@{
 
     /// 0x01: sound settings.
@@ -155,8 +156,8 @@ Q_SIGNALS:
     ///@}
 
     /// \name Write requests
-    /// The DID stands in front. The station is answered after the signal has returned, whether or
-    /// not anything is connected to it.
+    /// Each comment begins with the DID. The station is answered after the signal has returned,
+    /// whether or not anything is connected to it.
     ///@{
 
     /// 0x01: a sound setting. A missing value byte is read from the packet's start.

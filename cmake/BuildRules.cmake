@@ -1,5 +1,5 @@
-# How every target here is compiled: C++17, all warnings errors, symbols hidden unless exported, file
-# names in log lines relative to the source root.
+# Compiler settings of all targets: C++17, warnings are errors, symbols are hidden unless exported,
+# file names in log lines are relative to the source root.
 set(CMAKE_CXX_STANDARD 17)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)

@@ -1,9 +1,9 @@
-# What the library exports, one name a line in exported-symbols.txt. Applications that are built
-# already load the library by these names. Compares the list with a built library:
+# Compares the names that a built library exports with the list in exported-symbols.txt, one name
+# per line. Existing applications are linked against these names.
 #
 #     cmake -D LIBRARY=<libmcuservice.so.1.0.0> [-D RENEW=ON] -P ExportedSymbols.cmake
 #
-# and with RENEW writes it anew.
+# With RENEW, writes the list instead.
 cmake_minimum_required(VERSION 3.25)
 
 set(list ${CMAKE_CURRENT_LIST_DIR}/exported-symbols.txt)
@@ -15,8 +15,8 @@ set(exported "")
 foreach(line IN LISTS lines)
     string(REGEX REPLACE "^[0-9a-f]+ (.) (.*)" "\\2" name "${line}")
     set(binding ${CMAKE_MATCH_1})
-    # Left out, for they differ by compiler, build type and sanitizer: names of the toolchain, and
-    # inline functions and templates of Qt and the standard library.
+    # Names of the toolchain, and inline functions and templates of Qt and the standard library, are
+    # not listed: they differ by compiler, build type and sanitizer.
     if(name MATCHES "^_" OR (binding MATCHES "[WVu]" AND NOT name MATCHES " for (mcu::|Mcu)"))
         continue()
     endif()
@@ -39,7 +39,7 @@ list(REMOVE_ITEM gone ${exported})
 if(new OR gone)
     list(TRANSFORM new PREPEND "\n  new:  ")
     list(TRANSFORM gone PREPEND "\n  gone: ")
-    message(SEND_ERROR "${LIBRARY} does not export what ${list} says:" ${new} ${gone}
-            "\nIf this is meant, renew the list:"
+    message(SEND_ERROR "${LIBRARY} does not export the names in ${list}:" ${new} ${gone}
+            "\nIf this is intended, renew the list:"
             "\n  cmake -D LIBRARY=${LIBRARY} -D RENEW=ON -P ${CMAKE_CURRENT_LIST_FILE}")
 endif()

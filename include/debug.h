@@ -1,5 +1,5 @@
 /// \file
-/// The log line that every class of the library writes, and the scope tracer.
+/// The log macros of the library, and the scope tracer.
 ///
 ///     MCU_DEBUG << "channel=" << channel;
 ///
@@ -18,7 +18,7 @@
 #include <QLoggingCategory>
 #include <QString>
 
-/// Where a log line comes from. Passed on where one function writes the line for its callers.
+/// The place that a log line names. A function that writes the line for its callers gets theirs.
 struct CallSite {
     const char *file;     ///< `__FILE__`; in the library relative to the source root
     int line;             ///< `__LINE__`
@@ -66,16 +66,16 @@ inline bool isCriticalLogged()
 ///
 /// Time is taken from the monotonic clock as unsigned 32-bit milliseconds; a scope that spans their
 /// wrap after 49.7 days is measured correctly. Kept: the lines have "include/debug" as their file
-/// and this class as their function; components that share the header know them by it.
+/// and this class as their function; components that share the header identify the lines by them.
 class MCUSERVICE_EXPORT AutoPrint {
 public:
     /// Writes the "[--IN--]" line with the name (UTF-8) and line, then takes the start time.
     AutoPrint(const char *name, int line);
     /// Takes the end time, then writes the "[--ExecTime--]" and "[--OUT--]" lines.
     ~AutoPrint();
-    /// One scope, one object.
+    /// Not copyable: one object per scope.
     AutoPrint(const AutoPrint &) = delete;
-    /// One scope, one object.
+    /// Not copyable: one object per scope.
     AutoPrint &operator=(const AutoPrint &) = delete;
 
 private:

@@ -1,7 +1,6 @@
 /// \file
-/// The manager that applications talk to: the facade's signals under the applications' names, its
-/// commands, and what the manager decides itself: audio arbitration, watchdog, media information,
-/// update files.
+/// The manager that applications use. It passes on signals and commands of the facade under the
+/// applications' names, and adds audio arbitration, watchdog, media information and update files.
 #pragma once
 
 #include "mcuserviceexport.h"
@@ -20,10 +19,10 @@ class McuService;
 /// The applications' manager over mcu::McuService.
 ///
 /// Commands go to the facade with their arguments unchanged: codes, levels and units are the MCU's,
-/// no range is checked, nothing is cached. A command sets what its comment names; what a comment
-/// does not explain is such a code. Before the first report, without a link and without a service,
-/// queries return 0, false or an empty text and commands do nothing, unless their comment says
-/// otherwise.
+/// no range is checked, nothing is cached. A command sets the value that its comment names; a value
+/// that a comment does not explain is such a code. Before the first report, without a link and
+/// without a service, queries return 0, false or an empty text and commands do nothing, unless
+/// their comment says otherwise.
 ///
 /// The object lives in the thread that first calls instance(), which must be the facade's. Its
 /// timers and slots run there. Call everything from there, except updateAudioStatus() and
@@ -37,7 +36,7 @@ class MCUSERVICE_EXPORT McuManager : public QObject {
 
 public:
     /// \name Codes of the MCU
-    /// They pass through to the MCU; none has a meaning here, so none has a name. Make one from its
+    /// The manager only passes them to the MCU, so they have no names here. To make one from its
     /// number: McuManager::AudioChannel(3).
     ///@{
 
@@ -53,8 +52,8 @@ public:
     enum DeviceStatus : int {};
     ///@}
 
-    /// Audio status of the system. A name has the number and what updateAudioStatus() does with it;
-    /// all other numbers pass through as well.
+    /// Audio status of the system. Each name has the number and says what updateAudioStatus() does
+    /// with it. All other numbers pass through.
     enum AudioStatus : int {
         EventOff0,     ///< an event ends
         EventOn1,      ///< an event begins
@@ -106,8 +105,8 @@ public:
     /// A manager over another service, for tests; applications use instance(). Logs the service's
     /// versions, requests the radio data and connects the relays. The service must outlive the
     /// manager; null creates a manager without a service.
-    /// The mute that covers a switch of the main audio goes through instance() all the same, to the
-    /// one service of the process.
+    /// The mute that covers a switch of the main audio still goes through instance(), to the
+    /// service of the process.
     explicit McuManager(mcu::McuService *service);
     /// Stops the watchdog's repetition; the MCU is not informed.
     ~McuManager() override;
@@ -157,8 +156,8 @@ public:
     /// event records mute and attenuation of the main audio, then switches both off; a status that
     /// ends one calls checkEventOffRestoreMute().
     /// Thread-safe: calls the MCU and the platform audio service in the caller's thread; the
-    /// restore timer runs in the manager's. Without a service nothing changes. Neither it nor
-    /// unduckAudio() may be called from code that it calls.
+    /// restore timer runs in the manager's. Without a service nothing changes. Code that it
+    /// calls must call neither it nor unduckAudio().
     void updateAudioStatus(McuManager::AudioStatus status);
     /// Status of the last updateAudioStatus(); 0 at start. Thread-safe.
     int audioStatus();
@@ -452,8 +451,8 @@ private:
 
     mcu::McuService *const m_service; ///< not owned
     int m_audioChannel = 0;
-    // An updateAudioStatus() in another thread meets slots here that take no lock. What both touch
-    // is atomic: a value is always whole, and which of two that meet comes first is open anyway.
+    // updateAudioStatus() may run in another thread at the same time as slots that take no lock.
+    // Members that both use are atomic, so a value is always complete. Their order is not defined.
     std::atomic<int> m_audioStatus{0};
     int m_lastAudioStatus = 0; ///< Kept: nothing reads it but the debugger
     QMutex m_mutex;

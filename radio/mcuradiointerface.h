@@ -13,13 +13,12 @@ class McuSrv;
 
 /// Tuner commands to the MCU, RDS and tuner notifications from it; one object in the process.
 ///
-/// Keeps no radio state: every value passes through unchanged, in the units and codes of the MCU;
+/// Stores no radio state: every value passes through unchanged, in the units and codes of the MCU;
 /// texts are complete QStrings. Before setMcuSrv() commands do nothing, unless their comment says
 /// otherwise, and no notification arrives.
 ///
-/// Lives in the thread that first called instance(); notifications of a link that emits from its
-/// own thread are queued into it. Commands run in the caller's thread; call them from that of the
-/// object.
+/// The object belongs to the thread that first calls instance(). Call all operations from this
+/// thread. Notifications that the link emits in another thread are queued to it.
 class MCUSERVICE_EXPORT McuRadioInterface : public QObject {
     Q_OBJECT
 
@@ -31,7 +30,7 @@ public:
     static McuRadioInterface *instance();
     /// An object without a link, for tests; applications use instance().
     McuRadioInterface();
-    /// Leaves the link object alone: it belongs to its own library.
+    /// Does not delete the link object, which belongs to its own library.
     ~McuRadioInterface() override;
     /// Stores the link, which must not be null, and connects its notifications. Called once, by
     /// McuService::connectService().
@@ -62,8 +61,9 @@ Q_SIGNALS:
     void ptySearchResult(int);
     /// RDS radio text.
     void radioTextUpdate(QString text);
-    /// A station that the auto-store run has found. Kept: the parameter names are crossed, the
-    /// first argument is the frequency, the second the field strength; applications go by position.
+    /// A station that the auto-store run has found. Kept: the parameter names are swapped: the
+    /// first argument is the frequency, the second the field strength; applications rely on the
+    /// position.
     void asStationFound(int smeter, int freq);
     /// RDS alarm state.
     void alarmStatusChanged(int state);
@@ -77,8 +77,8 @@ public Q_SLOTS:
 
     /// Tunes to a frequency. Without a link, logs an error.
     void tune(int freq);
-    /// Mutes (true) or unmutes the tuner. Without a link, logs an error. Kept: the text of tune();
-    /// log filters know both by it.
+    /// Mutes (true) or unmutes the tuner. Without a link, logs an error. Kept: the error has the
+    /// text of tune(); log filters match both by it.
     void mute(bool val);
     /// RDS on or off.
     void setRdsOnOff(bool state);
@@ -110,7 +110,7 @@ public Q_SLOTS:
 
     /// \name Targets of the link's notifications
     /// For the link alone, unless a line says otherwise: applications connect to the signals that
-    /// they emit. Each but onAsStationChanged() logs its values.
+    /// they emit. All but onAsStationChanged() log their values.
     ///@{
 
     /// Emits psNameChanged().

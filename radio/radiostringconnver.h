@@ -14,7 +14,7 @@ class MCUSERVICE_EXPORT radioStringConnver {
 public:
     /// Unicode code point of each byte; 0 for a byte that stands for no character. Kept: differs
     /// from the public DAB character set at 0x07, 0x08, 0x0A, 0x0B, 0x17, 0x18 and 0x1F;
-    /// applications know this system's form.
+    /// applications rely on this table.
     static const ushort table_dab_charset0[256];
 
     /// Converts len bytes. Bytes that stand for no character are dropped; 0x00 is one of them and

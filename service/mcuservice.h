@@ -1,6 +1,6 @@
 /// \file
-/// The facade over the vehicle MCU as applications see it: signals for what the MCU reports,
-/// getters for the state last reported, and commands to the MCU.
+/// The facade over the vehicle MCU for applications: signals for the reports of the MCU, getters
+/// for the last reported state, and commands to the MCU.
 #pragma once
 
 #include "mcuserviceexport.h"
@@ -26,20 +26,20 @@ class McuSrv;
 /// signal says otherwise. Reports are not compared with earlier ones: an identical report is
 /// emitted again, unless the signal says otherwise.
 ///
-/// Values are the MCU's: its codes, levels and units pass through unchanged, and no argument is
-/// range-checked. What a comment does not explain is such a code, and an abbreviation without an
-/// explanation (DOP, DSP, SNID) is the MCU's. Before the first report and without a link, getters
-/// return 0, false or an empty text, unless their comment says otherwise.
+/// Values are codes, levels and units of the MCU. They pass through unchanged, and no argument is
+/// range-checked. A value that a comment does not explain is such a code; an abbreviation without
+/// an explanation (DOP, DSP, SNID) is the MCU's. Before the first report and without a link,
+/// getters return 0, false or an empty text, unless their comment says otherwise.
 ///
-/// Commands set what their comment names. They are one-way: a result, if any, is reported by a
-/// signal. Without a link they do nothing and are not kept for later, unless their comment says
-/// otherwise.
+/// A command sets the value that its comment names. Commands are one-way: a result, if any, is
+/// reported by a signal. Without a link they do nothing and are not stored for later, unless their
+/// comment says otherwise.
 ///
-/// Everything runs in the event loop of the thread that first called instance(); signals of a link
-/// that emits from its own thread are queued into it. Call all operations from that thread. Nothing
-/// throws, nothing blocks.
+/// The object belongs to the thread that first calls instance(). Call all operations from this
+/// thread; its event loop must run. Signals that the link emits in another thread are queued to it.
+/// Nothing throws, nothing blocks.
 ///
-/// Kept: names are misspelled and const stands on few getters because applications are linked
+/// Kept: some names are misspelled and few getters are const, because applications are linked
 /// against these names.
 class MCUSERVICE_EXPORT McuService : public QObject {
     Q_OBJECT
@@ -52,7 +52,7 @@ public:
     static McuService *instance();
     /// An object without a link, for tests; applications use instance().
     explicit McuService(QObject *parent = nullptr);
-    /// Leaves the link object alone: it belongs to its own library.
+    /// Does not delete the link object, which belongs to its own library.
     ~McuService() override;
     /// Connects the facade to the MCU link; see connectService(). Always true.
     /// Call it once, after the application object exists (its event loop drives the CAN check
@@ -109,8 +109,8 @@ public:
     bool isMuteFromMcuSrv() const;
     /// Parking lamp of the last tail-line report: 2 is on, all else off.
     int parkingState();
-    /// Reverse gear of the last tail-line report: 2 is on, all else off. A reverse gear that only
-    /// an AVM report shows is not stored here; see reverseChanged().
+    /// Reverse gear of the last tail-line report: 2 is on, all else off. The reverse gear of an AVM
+    /// report is not stored here; see reverseChanged().
     int reverseState();
     /// Headlight of the last tail-line report: 2 is on, all else off. Also set by
     /// setDayNightModeFromAutoTst().
@@ -345,7 +345,7 @@ public:
     /// Phone-projection status, a value of McuManager::CPAAStatus.
     void updateCPAAStatus(int status);
     /// Mixer channels, one bit for each, and what to switch them to. Kept: no null check, so that a
-    /// call before init(), a programming error, does not pass unnoticed.
+    /// call before init(), which is a programming error, is noticed.
     void setMixChannel(unsigned char channels, unsigned char on);
     /// Audio mode.
     void setAudioMode(int mode);
@@ -471,8 +471,8 @@ public:
     /// \name Commands: system and power
     ///@{
 
-    /// Sleep mode. Kept: no null check, so that a call before init(), a programming error, does not
-    /// pass unnoticed.
+    /// Sleep mode. Kept: no null check, so that a call before init(), which is a programming error,
+    /// is noticed.
     void setSleepMode(int mode);
     /// Power-off: true is sent as 1, false as 0.
     void setPowerOff(bool on);
@@ -545,8 +545,8 @@ public:
     void updateSysVersion(QString version);
     /// Two version texts of the SoC.
     void setSocVer(QString version1, QString version2);
-    /// Serial number of the device. Kept: no null check, so that a call before init(), a
-    /// programming error, does not pass unnoticed. Applications are linked against this spelling.
+    /// Serial number of the device. Kept: no null check, so that a call before init(), which is a
+    /// programming error, is noticed. Applications are linked against this spelling.
     void setSerialNumer(const QString &serial);
     /// State of an update.
     void setUpgradeState(int state);
@@ -625,9 +625,9 @@ Q_SIGNALS:
     /// \name Keys and volume
     ///@{
 
-    /// A key went down (state 0); follows keyEvent().
+    /// A key was pressed (state 0); follows keyEvent().
     void keyPressed(int key);
-    /// A key came up (any other state); follows keyEvent().
+    /// A key was released (any other state); follows keyEvent().
     void keyReleased(int key);
     /// A volume report; isMute is true exactly when the mute state is 1. Follows the form with the
     /// mute state.
@@ -652,8 +652,8 @@ Q_SIGNALS:
     /// A USB power report. Any of them, whatever its status, means that the over-current warning is
     /// shown.
     void usbPowerStatus(int status);
-    /// A key, volume or knob report, while isUsbOverCurrent(): time to close the warning. Emitted
-    /// before the report's own signals.
+    /// A key, volume or knob report arrived while isUsbOverCurrent() is true: user interfaces close
+    /// the warning. Emitted before the report's own signals.
     void hideUsbOverPower();
     ///@}
 
@@ -867,8 +867,8 @@ public Q_SLOTS:
     /// applications connect to the signals that they emit.
     ///@{
 
-    /// Emits the changed ones of the five tail-line signals, then passes headlight, reverse and
-    /// parking (on at 2) to McuVechicleBridge, changed or not.
+    /// Emits those of the five tail-line signals whose value changed, then passes headlight,
+    /// reverse and parking (2 is on) to McuVechicleBridge, changed or not.
     void onTaillineState(int parking, int reverse, int headlight, int mute, int dspState);
     /// Marks date and time ready. Unless the user forces a manual time, sets the system clock and
     /// emits McuUpdateDateTime().
@@ -893,7 +893,7 @@ public Q_SLOTS:
                           int eq11_level, int eq12_level, int eq13_level, int subwoofer_level,
                           int balance_level, int fader_level, int hpf_front_freq, int hpf_rear_freq,
                           int lpf_freq, int subwoofer_phase, int dso, int rotary, int bassboost);
-    /// Sets isUsbOverCurrent() for good and emits usbPowerStatus().
+    /// Sets isUsbOverCurrent() to true and emits usbPowerStatus().
     void onUsbPowerStatus(int status);
     /// Emits hideUsbOverPower() if due, keyEvent(), then keyPressed() for state 0, else
     /// keyReleased().
@@ -1086,7 +1086,8 @@ public Q_SLOTS:
     void onSerialNumberChanged(QString serial);
     /// Emits stwAdcStatusChanged().
     void onStwAdcStatusChanged();
-    /// Kept: does nothing; the link reports the car type, which travels only to the MCU.
+    /// Kept: does nothing; the link reports the car type, but the facade only sends it, with
+    /// sendStwCarTypeToMcu().
     void onStwCarTypeChanged(int type);
     /// Stores the low byte and emits gpsAntennaChanged() with it.
     void onGpsAntennaChanged(int status);

@@ -6,7 +6,7 @@ namespace mcu {
 
 /// First setup block, as McuService::setupInfo() returns it; all zeros before the first report.
 ///
-/// Units and ranges are the MCU's, and so are abbreviations that stand as they are (DSO).
+/// Units, ranges and unexplained abbreviations (DSO) are the MCU's.
 struct SetupInfo {
     int bt_input_level = 0;   ///< Bluetooth input level
     int timer_onoff = 0;      ///< timer, on or off
@@ -42,7 +42,7 @@ struct SetupInfo {
 
 /// Second setup block, as McuService::setupInfo1() returns it; all zeros before the first report.
 ///
-/// Units and ranges are the MCU's, and so are names that stand as they are (break, IDL, TI).
+/// Units, ranges and unexplained names (break, IDL, TI) are the MCU's.
 struct SetupInfo1 {
     int main_volume = 0;             ///< main volume
     int bt_ring_volume = 0;          ///< volume of the Bluetooth ring tone

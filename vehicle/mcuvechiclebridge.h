@@ -1,7 +1,7 @@
 /// \file
-/// What the surround-view (AVM) renderer sees of the car. The facade passes it the tail line and
-/// the vehicle reports; the renderer reads the getters, connects to the signals and receives
-/// parking distances as frames.
+/// The bridge to the surround-view (AVM) renderer. The facade passes it the tail line and the
+/// vehicle reports. The renderer reads the getters, connects to the signals and receives parking
+/// distances as frames.
 #pragma once
 
 #include "mcuserviceexport.h"
@@ -12,12 +12,12 @@
 
 /// Vehicle signals for the surround-view renderer; one object in the process.
 ///
-/// Stores the last value of each signal and emits only when it changes; parking distances are the
-/// exception, they are emitted with every report. Lives in the thread of mcu::McuService: call
-/// everything from there, signals are emitted there. Nothing throws or blocks; a failure
-/// is at most written to standard error.
+/// Stores the last value of each signal and emits the signal only when the value changes, except
+/// for parking distances, which are emitted with every report. Call everything from the thread of
+/// mcu::McuService; signals are emitted there. Nothing throws or blocks; a failure is at most
+/// written to standard error.
 ///
-/// Kept: the name is misspelled and getters and pointers carry no const, because applications are
+/// Kept: the name is misspelled and getters and pointers are not const, because applications are
 /// linked against these names.
 class MCUSERVICE_EXPORT McuVechicleBridge : public QObject {
     Q_OBJECT
@@ -30,12 +30,12 @@ public:
     static McuVechicleBridge *instance();
     /// An object with start values, for tests; the facade and the renderer use instance().
     McuVechicleBridge();
-    /// Leaves the renderer's semaphore as it is.
+    /// Does not change the renderer's semaphore.
     ~McuVechicleBridge() override;
     ///@}
 
     /// \name State
-    /// As last reported, and the start value before the first report.
+    /// The last reported values; before the first report, the values at start.
     ///@{
 
     /// Whether the headlight is on; false at start.
@@ -77,7 +77,7 @@ public:
     /// Emits doorChanged().
     void notifyDoorUpdate(int doorState);
     /// Converts a steering angle, in tenths of the MCU's unit, to percent of the range 0 to 1476
-    /// units; an angle outside counts as the nearer end. Emits steeringAngleChanged() if the
+    /// units; an angle outside counts as the nearer limit. Emits steeringAngleChanged() if the
     /// percentage differs from the stored one. Not logged.
     void notifySteeringAngleUpdate(int angle);
     /// Takes four sensor codes from each pointer, changed or not: logs them, stores them as
@@ -94,15 +94,15 @@ Q_SIGNALS:
     /// the getter already returns the new value.
     ///@{
 
-    /// The headlight went on (true) or off.
+    /// The headlight was switched on (true) or off.
     void headlightChanged(bool onoff, int from);
-    /// The parking lamp went on (true) or off.
+    /// The parking lamp was switched on (true) or off.
     void parkingChanged(bool onoff, int from);
-    /// Reverse gear was engaged (true) or left.
+    /// Reverse gear was engaged (true) or disengaged.
     void reverseChanged(bool onoff, int from);
     /// Steering position in percent, 0 to 100.
     void steeringAngleChanged(int percent);
-    /// Vehicle speed in the unit of the MCU's reports, which the name takes as km/h.
+    /// Vehicle speed in the unit of the MCU's reports; the parameter name assumes km/h.
     void carSpeedChanged(int kmh);
     /// Turn switch, a code of the MCU.
     void turnlightChanged(int);

@@ -1,5 +1,5 @@
-// The sample MCU link: shows what it receives. Behind it is an MCU that has started and reports the
-// speed that it is sent.
+// The sample MCU link: prints the commands that it receives. It simulates an MCU that has started
+// and that reports each speed that it receives.
 #include "link.h"
 
 #include "mcusrv.h"

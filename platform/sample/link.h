@@ -1,11 +1,11 @@
-// The inner side of the sample link: what its commands do.
+// The private part of the sample link: the body of its commands.
 #pragma once
 
 #include <QVariantList>
 
 namespace sample {
 
-/// Shows the command and lets the MCU behind the link react to it.
+/// Prints the command. For a vehicle speed, also emits the report that the MCU would send.
 void execute(const char *command, const QVariantList &arguments);
 
 } // namespace sample

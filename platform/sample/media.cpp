@@ -1,5 +1,5 @@
-// The sample services apart from the settings. They show what they receive; nothing sounds, nothing
-// is on the display.
+// The sample services except the settings. They print the calls that they receive. No audio event
+// is active, and the display source is 0.
 #include "audioservice.h"
 #include "datetimemanager.h"
 #include "eventhandler.h"

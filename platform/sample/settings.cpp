@@ -1,4 +1,4 @@
-// The sample settings: the values of all files in memory, until the process ends.
+// The sample settings: keeps the values of all files in memory until the process ends.
 #include "settingsexe.h"
 #include "settingsfunc.h"
 #include "settingsutil.h"

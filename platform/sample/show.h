@@ -1,5 +1,4 @@
-// What the sample platform shows of its work: one line on standard output per operation that it
-// receives.
+// Prints each operation that the sample platform receives, one per line on standard output.
 #pragma once
 
 #include <QVariant>

@@ -1,5 +1,5 @@
-// The substitute platform services apart from the settings files: each holds the little state that
-// the library can see and writes down what it was told.
+// The substitute platform services except the settings files. Each keeps the state that the library
+// can query, and logs the calls that it receives.
 #include "platformsubstitute.h"
 
 #include "audioservice.h"
@@ -19,7 +19,7 @@ namespace {
 
 struct State {
     QList<int> audioEvents;
-    int mutes = 0; ///< a bit for each kind of audio that is muted
+    int mutes = 0; ///< one bit per kind of muted audio
     int attenuation = 0;
     int display = 0;
     bool forceTime = false;

@@ -1,7 +1,6 @@
 /// \file
-/// The MCU link as this library needs it: the closed class mcu::McuSrv, declared with exactly the
-/// operations and signals that the facade and the radio interface use. The link library
-/// (libmcusrv.so.1) has the bodies; product code sees no more of it than this header.
+/// The MCU link, the closed class mcu::McuSrv, declared with exactly the operations and signals
+/// that the facade and the radio interface use. The link library (libmcusrv.so.1) defines them.
 #pragma once
 
 #include <QByteArray>

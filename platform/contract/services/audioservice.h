@@ -1,5 +1,5 @@
 /// \file
-/// The platform audio service as the audio arbitration needs it: hxaudio::AudioService, closed.
+/// The platform audio service, a closed class, as far as the audio arbitration uses it.
 #pragma once
 
 #include <QList>
@@ -33,7 +33,8 @@ public:
     void setMainAudioMute(bool on);
 
 Q_SIGNALS:
-    /// The list of active events changed. Connected by its text, queued from other threads.
+    /// The list of active events changed. The library connects to it by its text; an emission from
+    /// another thread is queued.
     void eventStateChanged();
 };
 

@@ -1,18 +1,18 @@
 /// \file
-/// The platform clock as the state cache needs it: hxdatetime::DateTimeManager, closed.
+/// The platform clock, a closed class, as far as the facade uses it.
 #pragma once
 
 #include <QtGlobal>
 
 namespace hxdatetime {
 
-/// Owner of the system clock. Called from the thread of mcu::McuService.
+/// Sets the system clock. Called from the thread of mcu::McuService.
 class Q_DECL_IMPORT DateTimeManager {
 public:
     /// The one object; never null.
     static DateTimeManager *instance();
 
-    /// Sets the system clock to a report of the MCU, values as reported. flag is always false.
+    /// Sets the system clock to the values of a report of the MCU. flag is always false.
     void setDateTime(int year, int month, int day, int hour, int minute, int second, bool flag);
 };
 

@@ -1,5 +1,5 @@
 /// \file
-/// The platform event dispatcher as the factory test needs it: EventHandler, closed.
+/// The platform event dispatcher, a closed class, as far as the factory test uses it.
 #pragma once
 
 #include <QObject>

@@ -1,6 +1,6 @@
 /// \file
-/// The platform settings store as the settings members and the factory test need it:
-/// mem::SettingsExe, closed.
+/// The platform settings store, a closed class, as far as the settings members and the factory test
+/// use it.
 #pragma once
 
 #include <QString>
@@ -18,7 +18,7 @@ public:
     bool getValue(QString key, QString file, bool fallback);
 
     /// Stores a value in the file. The library passes the value twice and true; what the second
-    /// value and the flag do is up to the store.
+    /// value and the flag do depends on the store.
     void setOtherPathValue(QString key, QString file, QVariant value, QVariant value2, bool flag);
 };
 

@@ -1,5 +1,5 @@
 /// \file
-/// The platform's general settings as the state cache needs them: mem::SettingsFunc, closed.
+/// The platform's general settings, a closed class, as far as the facade uses them.
 #pragma once
 
 #include <QString>
@@ -13,7 +13,7 @@ public:
     static SettingsFunc *instance();
 
     /// Value of the key, or the fallback when it is not set. The library reads
-    /// "mcu_upgrade_status": an upgrade of the MCU is in progress.
+    /// "mcu_upgrade_status", which is true while an upgrade of the MCU is in progress.
     bool getValue(QString key, bool fallback);
 };
 

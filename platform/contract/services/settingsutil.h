@@ -1,6 +1,6 @@
 /// \file
-/// The platform's settings helper: mem::SettingsUtil. The platform library has its life cycle, the
-/// store and the announcements; this library defines the speaker and crossover members.
+/// The platform's settings helper, mem::SettingsUtil. The platform defines instance(), the store
+/// and the announcements. This library defines the speaker and crossover members.
 #pragma once
 
 #include <QtGlobal>

@@ -1,12 +1,13 @@
 /// \file
-/// The platform DAB tuner as the commands need it: tuner::TunerControl, closed.
+/// The platform's HD radio and DAB tuner, a closed class, as far as the commands of the facade use
+/// it.
 #pragma once
 
 #include <QtGlobal>
 
 namespace tuner {
 
-/// The HD radio and DAB tuner. Called from the thread of mcu::McuService.
+/// Controls the tuner. Called from the thread of mcu::McuService.
 class Q_DECL_IMPORT TunerControl {
 public:
     /// The one object; never null.
