@@ -97,7 +97,7 @@ QVariant radarDistances()
     return QVariantList(distances.begin(), distances.end());
 }
 
-/// A command to the link: "6e:05:02" for a packet to the factory station.
+/// A command to the link: "link.SetVolume(9)", or "6e:05:02" for a packet to the station.
 QString commandText(const substitute::Call &call)
 {
     const QByteArray sent = call.arguments.value(1).toByteArray();
