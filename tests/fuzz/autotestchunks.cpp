@@ -135,15 +135,17 @@ public:
     QStringList play(int step, QByteArray chunk)
     {
         m_log.take();
-        if (step == 0)
-            handler.stop();
-        else if (step == 1)
-            handler.start();
-        else
-            m_service->notifyAutoTestPackage(chunk.size(), chunk.data());
+        const QString traffic = testkit::standardErrorOf([&] {
+            if (step == 0)
+                handler.stop();
+            else if (step == 1)
+                handler.start();
+            else
+                m_service->notifyAutoTestPackage(chunk.size(), chunk.data());
+        });
         const QStringList logged = m_log.takeTexts();
         return QStringList{logged.value(logged.size() - 1)} +
-               QString(m_error.take()).split('\n', Qt::SkipEmptyParts) + m_trace.take();
+               traffic.split('\n', Qt::SkipEmptyParts) + m_trace.take();
     }
 
     mcu::AutoTestHandler handler;
@@ -152,7 +154,6 @@ private:
     mcu::McuService *m_service = mcu::McuService::instance();
     testkit::Trace m_trace;
     testkit::LogCapture m_log;
-    testkit::StandardError m_error;
 };
 
 void run(const QByteArray &input)
