@@ -18,7 +18,7 @@ install() {
         apt-get install -q -y --no-install-recommends "${missing[@]}"
 }
 
-install_build_tools() { install g++ cmake ninja-build qtbase5-dev pkg-config "$@"; }
+install_build_tools() { install g++ cmake make ninja-build qtbase5-dev pkg-config "$@"; }
 
 # build PRESET [TARGET...] - quiet but for what it compiles; shows everything when it fails. One build
 # of a checkout at a time.

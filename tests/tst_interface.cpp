@@ -172,7 +172,7 @@ private Q_SLOTS:
         const QHash<int, QString> texts{{QMetaType::Int, "3"},
                                         {QMetaType::Bool, "true"},
                                         {QMetaType::QString, "\"ä\""},
-                                        {QMetaType::QByteArray, "0x01"},
+                                        {QMetaType::QByteArray, "0x010203"},
                                         {QMetaType::QVariantList, "[1,2,3,4,5]"}};
         Stage stage(m_clock, Stage::Inputs::MainThread);
         QStringList told;

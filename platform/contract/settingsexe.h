@@ -1,5 +1,6 @@
-// The platform settings store as the settings members and the factory test need it:
-// mem::SettingsExe, closed.
+/// \file
+/// The platform settings store as the settings members and the factory test need it:
+/// mem::SettingsExe, closed.
 #pragma once
 
 #include <QString>
@@ -7,15 +8,17 @@
 
 namespace mem {
 
-/// Reads and writes keys of settings files named by their path.
+/// Reads and writes keys of settings files named by their path. Called from the thread of
+/// mcu::McuService.
 class Q_DECL_IMPORT SettingsExe {
 public:
-    /// Value of the key in the file, or the fallback when the file does not hold it.
+    /// Integer value of the key in the file, or the fallback when the file has no such key.
     int getValue(QString key, QString file, int fallback);
+    /// Boolean value of the key in the file, or the fallback when the file has no such key.
     bool getValue(QString key, QString file, bool fallback);
 
-    /// Stores a value in the file. Callers pass the value twice and true; what the second value
-    /// and the flag do is the store's own business.
+    /// Stores a value in the file. The library passes the value twice and true; what the second
+    /// value and the flag do is up to the store.
     void setOtherPathValue(QString key, QString file, QVariant value, QVariant value2, bool flag);
 };
 

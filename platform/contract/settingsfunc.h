@@ -1,16 +1,19 @@
-// The platform's general settings as the state cache needs them: mem::SettingsFunc, closed.
+/// \file
+/// The platform's general settings as the state cache needs them: mem::SettingsFunc, closed.
 #pragma once
 
 #include <QString>
 
 namespace mem {
 
-/// Settings that are not tied to a file.
+/// Settings that are not tied to a file. Called from the thread of mcu::McuService.
 class Q_DECL_IMPORT SettingsFunc {
 public:
+    /// The one object; never null.
     static SettingsFunc *instance();
 
-    /// Value of the key, or the fallback when it is not set.
+    /// Value of the key, or the fallback when it is not set. The library reads
+    /// "mcu_upgrade_status": an upgrade of the MCU is in progress.
     bool getValue(QString key, bool fallback);
 };
 
