@@ -63,7 +63,7 @@ QByteArray anyPiece(QRandomGenerator &random)
 void replayStreams()
 {
     QRandomGenerator random(1);
-    for (int round = 0; round < 1000; ++round) {
+    for (int round = 0; round < 600; ++round) {
         QByteArray stream;
         while (stream.size() < 300)
             stream += anyPiece(random);
