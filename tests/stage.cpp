@@ -42,6 +42,7 @@ namespace {
 
 const char factorySettings[] = "/media/flash/nvm/factory/settings.ini";
 QHash<QString, QString> storedSettings;
+bool isStoreFull = false;
 
 } // namespace
 
@@ -61,7 +62,8 @@ void mem::SettingsExe::setOtherPathValue(QString key, QString file, QVariant val
                                          bool flag)
 {
     platform::log().record("SettingsExe.setOtherPathValue", key, file, value, value2, flag);
-    storedSettings[key] = value.toString();
+    if (!isStoreFull)
+        storedSettings[key] = value.toString();
 }
 
 namespace testkit {
@@ -97,7 +99,7 @@ QVariant radarDistances()
     return QVariantList(distances.begin(), distances.end());
 }
 
-/// A command to the link: "6e:05:02" for a packet to the factory station.
+/// A command to the link: "link.SetVolume(9)", or "6e:05:02" for a packet to the station.
 QString commandText(const substitute::Call &call)
 {
     const QByteArray sent = call.arguments.value(1).toByteArray();
@@ -131,6 +133,7 @@ void putBack()
     link::reset();
     platform::reset();
     storedSettings.clear();
+    isStoreFull = false;
 
     McuVechicleBridge *bridge = McuVechicleBridge::instance();
     bridge->notifyHeadlightUpdate(false, 0);
@@ -166,6 +169,7 @@ const QHash<QString, std::function<void(const QVariantList &values)>> settings{
          for (const QString &entry : values[0].toString().split(' ', Qt::SkipEmptyParts))
              storedSettings[entry.section('=', 0, 0)] = entry.section('=', 1);
      }},
+    {"storeFull", [](const QVariantList &values) { isStoreFull = values[0].toBool(); }},
     {"display", [](const QVariantList &values) { platform::setCurrentDisplay(values[0].toInt()); }},
     {"panelKey",
      [](const QVariantList &values) {

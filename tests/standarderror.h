@@ -9,30 +9,18 @@
 
 namespace testkit {
 
-/// Catches what is written to the stream while it lives.
-class StandardError {
-public:
-    StandardError() { stderr = open_memstream(&m_text, &m_size); }
-    StandardError(const StandardError &) = delete;
-    StandardError &operator=(const StandardError &) = delete;
-    ~StandardError()
-    {
-        std::fclose(std::exchange(stderr, m_before));
-        std::free(m_text);
-    }
-    /// What was written since the last call.
-    QByteArray take()
-    {
-        std::fflush(stderr);
-        const QByteArray text(m_text, int(m_size));
-        std::rewind(stderr);
-        return text;
-    }
-
-private:
-    FILE *m_before = stderr;
-    char *m_text = nullptr;
-    std::size_t m_size = 0;
-};
+/// What an action writes to the stream, which is put back afterwards.
+template <typename Action>
+QByteArray standardErrorOf(const Action &action)
+{
+    char *text = nullptr;
+    std::size_t size = 0;
+    FILE *const before = std::exchange(stderr, open_memstream(&text, &size));
+    action();
+    std::fclose(std::exchange(stderr, before));
+    const QByteArray written(text, int(size));
+    std::free(text);
+    return written;
+}
 
 } // namespace testkit

@@ -55,10 +55,6 @@ private Q_SLOTS:
     {
         QVERIFY(mcu::McuService::instance()->init());
         QVERIFY(!AutoTestHandler::instance()->parent());
-    }
-    void init()
-    {
-        reads.clear();
         sent();
     }
 
@@ -116,6 +112,7 @@ private Q_SLOTS:
 
     void settingsAreReadWhetherOrNotAnythingIsLogged()
     {
+        reads.clear();
         receive(AutoTestHandler::instance(), "2e:f7:020201");
         const QStringList silent = std::exchange(reads, {});
         const testkit::LogCapture log;

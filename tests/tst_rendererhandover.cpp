@@ -24,6 +24,13 @@ namespace {
 /// The write that a frame is part of.
 QByteArray image(const char *frame) { return QByteArray::fromHex(frame) + QByteArray(30, '\0'); }
 
+Values distancesOf(McuVechicleBridge &bridge)
+{
+    Values distances(8, 1);
+    bridge.radarDistance(distances.data(), distances.data() + 4);
+    return distances;
+}
+
 int openDescriptors()
 {
     return QDir("/proc/self/fd").entryList(QDir::AllEntries | QDir::System).size();
@@ -66,11 +73,7 @@ struct Renderer {
     int reader = -1;
 };
 
-using Prepare = void (*)(Renderer &renderer);
-
 } // namespace
-
-Q_DECLARE_METATYPE(Prepare)
 
 class tst_RendererHandover : public QObject {
     Q_OBJECT
@@ -82,127 +85,98 @@ private Q_SLOTS:
         alignas(McuVechicleBridge) std::array<char, sizeof(McuVechicleBridge)> memory;
         memory.fill('\xa5');
         auto *bridge = new (memory.data()) McuVechicleBridge;
-        Values distances(8, 1);
-        bridge->radarDistance(distances.data(), distances.data() + 4);
-        QCOMPARE(distances, Values(8, 0));
+        QCOMPARE(distancesOf(*bridge), Values(8, 0));
         QVERIFY(!bridge->headlight() && !bridge->parking() && !bridge->reverse());
         QVERIFY(!bridge->turnlight() && !bridge->carSpeed() && !bridge->doorState());
         QCOMPARE(bridge->wheelAngle(), 50);
         bridge->~McuVechicleBridge();
     }
 
-    void frames_data()
+    void framesCarryDistances()
     {
-        QTest::addColumn<Values>("codes");
-        QTest::addColumn<Values>("distances");
-        QTest::addColumn<QByteArray>("frame");
-        QTest::newRow("no obstacle and near ones")
-            << Values{0, 1, 2, 3, 10, 0, 0, 0} << Values{10000, 30, 35, 40, 75, 10000, 10000, 10000}
-            << QByteArray("5511101e23284b1010100000000000000000fbff");
-        QTest::newRow("one byte for a distance")
-            << Values{46, 47, 255, 1, -5, -6, 4, 5} << Values{255, 260, 1300, 30, 0, -5, 45, 50}
-            << QByteArray("5511ff04141e00fb2d32000000000000000060ff");
-        QTest::newRow("codes beyond any sensor")
-            << Values{INT_MAX, INT_MIN, 429496724, 429496725, -429496734, -429496735, 1, 0}
-            << Values{INT_MAX, INT_MIN, 2147483645, INT_MAX, -2147483645, INT_MIN, 30, 10000}
-            << QByteArray("5511ff00fdff03001e100000000000000000c3ff");
-    }
-
-    void frames()
-    {
-        QFETCH(Values, codes);
-        QFETCH(QByteArray, frame);
-        Renderer renderer;
-        renderer.readFifo();
-        testkit::LogCapture log;
-        QString lines;
-        for (int i = 0; i < codes.size(); ++i)
-            lines += QString::number(codes[i]) + (i % 4 == 3 ? '\n' : ' ');
-        for (int times = 0; times < 2; ++times) { // changed or not
-            QCOMPARE(renderer.report(codes), QByteArrayList{image(frame)});
-            QCOMPARE(log.takeTexts().join('\n') + '\n', lines);
-            Values distances(8);
-            renderer.bridge.radarDistance(distances.data(), distances.data() + 4);
-            QTEST(distances, "distances");
-        }
-    }
-
-    void nodes_data()
-    {
-        QTest::addColumn<QByteArray>("received");
-        QTest::addColumn<Prepare>("prepare");
-        const QByteArray written = image("5511101010101010101000000000000000006fff");
-        const auto row = [](const char *name, const QByteArray &received, Prepare prepare) {
-            QTest::newRow(name) << received << prepare;
+        const auto verify = [](const Values &codes, const Values &distances, const char *frame) {
+            Renderer renderer;
+            renderer.readFifo();
+            testkit::LogCapture log;
+            QString lines;
+            for (int i = 0; i < codes.size(); ++i)
+                lines += QString::number(codes[i]) + (i % 4 == 3 ? '\n' : ' ');
+            for (int times = 0; times < 2; ++times) { // changed or not
+                QCOMPARE(renderer.report(codes), QByteArrayList{image(frame)});
+                QCOMPARE(log.takeTexts().join('\n') + '\n', lines);
+                QCOMPARE(distancesOf(renderer.bridge), distances);
+            }
         };
-        row("FIFO with reader", written, [](Renderer &r) { r.readFifo(); });
-        row("FIFO without reader", "", [](Renderer &) { mkfifo(node(), 0600); });
-        row("full FIFO", QByteArray(4096, '\0'), [](Renderer &r) {
-            const std::array<char, 4096> full{};
+        verify({0, 1, 2, 3, 10, 0, 0, 0}, {10000, 30, 35, 40, 75, 10000, 10000, 10000},
+               "5511101e23284b1010100000000000000000fbff");
+        verify({46, 47, 255, 1, -5, -6, 4, 5}, {255, 260, 1300, 30, 0, -5, 45, 50},
+               "5511ff04141e00fb2d32000000000000000060ff");
+        // Beyond any sensor.
+        verify({INT_MAX, INT_MIN, 429496724, 429496725, -429496734, -429496735, 1, 0},
+               {INT_MAX, INT_MIN, 2147483645, INT_MAX, -2147483645, INT_MIN, 30, 10000},
+               "5511ff00fdff03001e100000000000000000c3ff");
+    }
+
+    void writesOneImageOrNothing()
+    {
+        const auto verify = [](const char *node, const QByteArray &received, auto prepare) {
+            Renderer renderer;
+            prepare(renderer);
+            const int descriptors = openDescriptors();
+            QVERIFY2(renderer.report() == QByteArrayList{received}, node);
+            QVERIFY2(openDescriptors() == descriptors, node);
+        };
+        const QByteArray written = image("5511101010101010101000000000000000006fff");
+        verify("FIFO", written, [](Renderer &r) { r.readFifo(); });
+        verify("FIFO without reader", "", [](Renderer &) { mkfifo(node(), 0600); });
+        verify("full FIFO", written.repeated(81), [](Renderer &r) {
             r.readFifo();
-            const int writer = openat(AT_FDCWD, node(), O_WRONLY | O_NONBLOCK);
-            QCOMPARE(fcntl(writer, F_SETPIPE_SZ, 4096), 4096);
-            QCOMPARE(write(writer, full.data(), full.size()), ssize_t(full.size()));
-            close(writer);
+            fcntl(r.reader, F_SETPIPE_SZ, 4096);
+            Values codes(8, 0);
+            for (int i = 0; i < 81; ++i)
+                r.bridge.notifyRadarUpdate(codes.data(), codes.data() + 4, 0, 0, 0);
         });
-        row("UART not released", "", [](Renderer &r) {
+        verify("UART not released", "", [](Renderer &r) {
             r.readFifo();
             renderer::state().semaphore = 0;
         });
-        row("missing", "", [](Renderer &) {});
-        row("folder", "", [](Renderer &) { QDir().mkdir(node()); });
-        row("dangling link", "", [](Renderer &) { QFile::link("gone", node()); });
-        row("longer file", written + "after", [](Renderer &r) {
+        verify("missing", "", [](Renderer &) {});
+        verify("folder", "", [](Renderer &) { QDir().mkdir(node()); });
+        verify("dangling link", "", [](Renderer &) { QFile::link("gone", node()); });
+        verify("longer file", written + "after", [](Renderer &r) {
             QFile file(node());
             QVERIFY(file.open(QFile::WriteOnly));
             file.write(QByteArray(50, 'x') + "after");
             r.readNode();
         });
         // Nobody may write there, root neither.
-        row("no permission", "",
-            [](Renderer &) { QFile::link("/proc/sys/kernel/ostype", node()); });
+        verify("no permission", "",
+               [](Renderer &) { QFile::link("/proc/sys/kernel/ostype", node()); });
         // Last, for the number of the standard input stays free.
-        row("descriptor 0", "", [](Renderer &r) {
+        verify("descriptor 0", "", [](Renderer &r) {
             r.readFifo();
             close(STDIN_FILENO);
         });
     }
 
-    void nodes()
-    {
-        QFETCH(QByteArray, received);
-        QFETCH(Prepare, prepare);
-        Renderer renderer;
-        prepare(renderer);
-        const int descriptors = openDescriptors();
-        QCOMPARE(renderer.report(), QByteArrayList{received});
-        QCOMPARE(openDescriptors(), descriptors);
-    }
-
     void releaseFollowsTheSemaphore()
     {
-        const QByteArray noKey("do_notify_release_uart (ftok): No such file or directory\n");
-        const QByteArray noSemaphore("do_notify_release_uart (semget): Permission denied\n");
-        const struct {
-            renderer::State state;
-            bool released;
-            QByteArray error;
-        } rows[]{
-            {{true, true, 0, {}}, false, ""},
-            {{true, true, 1, {}}, true, ""},
-            {{true, true, 2, {}}, true, ""},
-            {{true, true, -1, {}}, false, ""},
-            {{false, true, 1, {}}, true, noKey}, // the semaphore of key -1
-            {{false, true, 0, {}}, false, noKey},
-            {{true, false, 1, {}}, false, noSemaphore},
-            {{false, false, 1, {}}, false, noKey + noSemaphore},
+        const auto verify = [](const renderer::State &state, bool released, const char *error) {
+            renderer::state() = state;
+            bool isReleased = !released;
+            const QByteArray written =
+                testkit::standardErrorOf([&] { isReleased = is_avm_service_release_uart(); });
+            QCOMPARE(written, QByteArray(error));
+            QCOMPARE(isReleased, released);
         };
-        for (const auto &row : rows) {
-            renderer::state() = row.state;
-            testkit::StandardError error;
-            QCOMPARE(is_avm_service_release_uart(), row.released);
-            QCOMPARE(error.take(), row.error);
-        }
+        verify({true, true, 0, {}}, false, "");
+        verify({true, true, 1, {}}, true, "");
+        verify({true, true, 2, {}}, true, "");
+        verify({true, true, -1, {}}, false, "");
+        // Without its key file the semaphore of key -1 is asked.
+        verify({false, true, 1, {}}, true,
+               "do_notify_release_uart (ftok): No such file or directory\n");
+        verify({true, false, 1, {}}, false, "do_notify_release_uart (semget): Permission denied\n");
     }
 
     void aBrokenPipeLeavesSignalsAlone()

@@ -4,7 +4,6 @@
 #include "platformsubstitute.h"
 #include "testkit.h"
 
-#include "audioservice.h"
 #include "mcusrv.h"
 #include "settingsexe.h"
 #include "settingsutil.h"
@@ -68,16 +67,6 @@ private Q_SLOTS:
         QCOMPARE(mcu::McuSrv::instance()->getEcuEdititon(), 5);
         link::reset();
         QCOMPARE(mcu::McuSrv::instance()->getEcuEdititon(), 0);
-    }
-
-    void tellsOfAudioEventsThatDiffer()
-    {
-        testkit::Emissions emissions(hxaudio::AudioService::instance());
-        platform::setAudioEvents({23, 6});
-        platform::setAudioEvents({23, 6});
-        QCOMPARE(emissions.take(), QStringList("eventStateChanged()"));
-        platform::reset();
-        QCOMPARE(hxaudio::AudioService::instance()->eventStates(), QList<int>());
     }
 
     void settingsAreFilesUnderTheRoot()

@@ -46,76 +46,72 @@ QStringList filled(QString action, const QByteArray &packet)
 /// A packet as it stands on standard error.
 QString traffic(const char *mark, const QByteArray &packet)
 {
-    return mark + QString::fromLatin1(' ' + packet.toHex(' ').toUpper() + '\n');
+    return mark + QString::fromLatin1(' ' + packet.toHex(' ').toUpper());
 }
 
-/// What comes of a step: the last line logged, the traffic on standard error, what applications and
-/// the station receive.
-struct Outcome {
-    QString logged;
-    QString traffic;
-    QStringList effects;
+/// The command that sends a packet.
+QString sent(const QByteArray &packet)
+{
+    return testkit::show("sendAutoTestPkgToMcu", {packet.size(), packet});
+}
 
-    QString text() const { return logged + '\n' + traffic + effects.join(' '); }
-};
-
+/// Says what comes of each step: the last line logged, the traffic on standard error, what
+/// applications and the station receive.
 class Model {
 public:
-    Outcome play(int step, const QByteArray &chunk)
+    QStringList play(int step, const QByteArray &chunk)
     {
         if (step > 1)
-            return isOn ? receive(chunk) : Outcome{};
+            return isOn ? receive(chunk) : QStringList{""};
         isOn = step == 1;
         if (!isOn)
             m_stream.clear();
-        return {isOn ? "start!!!" : "stop!!!", {}, {}};
+        return {isOn ? "start!!!" : "stop!!!"};
     }
 
     bool isOn = false;
     bool isInKeyTest = false;
 
 private:
-    Outcome receive(const QByteArray &chunk)
+    QStringList receive(const QByteArray &chunk)
     {
         m_stream += chunk;
         const int sync = m_stream.indexOf("\xff\x55");
         if (sync < 0)
-            return {m_stream.isEmpty() ? "recv data 0." : "not found sync id.", {}, {}};
+            return {m_stream.isEmpty() ? "recv data 0." : "not found sync id."};
         m_stream.remove(0, sync);
         const int total = m_stream.size() > 3 ? (quint8(m_stream[2]) + 4) % 256 : INT_MAX;
         if (m_stream.size() < total)
-            return {"package is not entire.", {}, {}};
+            return {"package is not entire."};
         const QByteArray packet = m_stream.left(total);
         m_stream.remove(0, total);
         if (total > 3 && std::accumulate(packet.begin() + 2, packet.end(), 0) % 256 == 0)
             return take(packet);
-        return {"packet verification failed !!! \"" + packet.toHex() + '"', {}, {}};
+        return {"packet verification failed !!! \"" + packet.toHex() + '"'};
     }
-    Outcome take(const QByteArray &packet)
+    QStringList take(const QByteArray &packet)
     {
         static const QHash<QString, QString> actions = readActions();
         const QByteArray type = packet.mid(3, 1).toHex();
         const QByteArray did = type + ':' + packet.mid(4, 1).toHex();
         const QByteArray payload = packet.mid(5, packet.size() - 6);
         const QByteArray first = did + ':' + payload.left(1).toHex();
-        Outcome outcome{QString::number(quint8(packet[3])), traffic("[AT]<<", packet), {}};
-        if (!actions.contains(did)) {
-            if (type == "21" || type == "22" || type == "2e")
-                outcome.logged = QString::number(packet.size() > 4 ? quint8(packet[4]) : 0);
-            return outcome;
-        }
-        outcome.effects = filled(actions.value(first, actions[did]), packet);
-        if (did == "2e:f4")
-            outcome.logged = QString::number(quint8(packet[5]));
+        const bool isKnown = actions.contains(did);
+        // The type is logged, then a DID that nobody knows, or the adapter that is chosen.
+        const bool isLogged = !isKnown && (type == "21" || type == "22" || type == "2e");
+        const int offset = isLogged ? 4 : did == "2e:f4" ? 5 : 3;
+        const int logged = offset < packet.size() ? quint8(packet[offset]) : 0;
+        QStringList all{QString::number(logged), traffic("[AT]<<", packet)};
+        if (!isKnown)
+            return all;
+        const QStringList heard = filled(actions.value(first, actions[did]), packet);
         if (did == "2e:3c")
             isInKeyTest = first == "2e:3c:01";
-        if (type == "2e" && did != "2e:f6") {
-            const QByteArray answer =
-                testkit::packet(0x6e, packet[4], did == "2e:f7" ? QByteArray("\0\1", 2) : payload);
-            outcome.traffic += traffic("[AT]>>", answer);
-            outcome.effects += testkit::packetText(answer);
-        }
-        return outcome;
+        if (type != "2e" || did == "2e:f6")
+            return all + heard;
+        const QByteArray answer =
+            testkit::packet(0x6e, packet[4], did == "2e:f7" ? QByteArray("\0\1", 2) : payload);
+        return all + QStringList{traffic("[AT]>>", answer)} + heard + QStringList{sent(answer)};
     }
 
     QByteArray m_stream;
@@ -129,43 +125,35 @@ public:
         static const bool bound = m_service->init();
         Q_UNUSED(bound)
         substitute::link::log().clear();
-        substitute::link::log().setListener([this](const substitute::Call &call) {
-            const QByteArray sent = call.arguments.value(1).toByteArray();
-            const bool isPacket = call.arguments.value(0) == sent.size();
-            m_effects += isPacket ? QString(testkit::packetText(sent)) : call.name;
-        });
+        m_trace.listen(&handler);
+        m_trace.listen(substitute::link::log());
         QObject::connect(
             m_service, &mcu::McuService::headlightChanged, &handler,
-            [this](int state) { m_effects += testkit::show("headlightChanged", {state}); });
+            [this](int state) { m_trace.note(testkit::show("headlightChanged", {state})); });
     }
-    Station(const Station &) = delete;
-    Station &operator=(const Station &) = delete;
-    ~Station() { substitute::link::log().setListener(nullptr); }
 
-    Outcome play(int step, QByteArray chunk)
+    QStringList play(int step, QByteArray chunk)
     {
         m_log.take();
-        if (step == 0)
-            handler.stop();
-        else if (step == 1)
-            handler.start();
-        else
-            m_service->notifyAutoTestPackage(chunk.size(), chunk.data());
+        const QString traffic = testkit::standardErrorOf([&] {
+            if (step == 0)
+                handler.stop();
+            else if (step == 1)
+                handler.start();
+            else
+                m_service->notifyAutoTestPackage(chunk.size(), chunk.data());
+        });
         const QStringList logged = m_log.takeTexts();
-        return {logged.value(logged.size() - 1), m_error.take(), std::exchange(m_effects, {})};
+        return QStringList{logged.value(logged.size() - 1)} +
+               traffic.split('\n', Qt::SkipEmptyParts) + m_trace.take();
     }
 
     mcu::AutoTestHandler handler;
 
 private:
     mcu::McuService *m_service = mcu::McuService::instance();
-    QStringList m_effects;
-    const substitute::SignalTap m_tap{
-        &handler, [this](const QMetaMethod &signal, const QVariantList &arguments) {
-            m_effects += testkit::show(signal.name(), arguments);
-        }};
+    testkit::Trace m_trace;
     testkit::LogCapture m_log;
-    testkit::StandardError m_error;
 };
 
 void run(const QByteArray &input)
@@ -176,19 +164,21 @@ void run(const QByteArray &input)
         const int step = quint8(input[next++]);
         const QByteArray chunk = input.mid(next, qMax(step - 2, 0));
         next += chunk.size();
-        Outcome received = station.play(step, chunk);
-        const Outcome expected = model.play(step, chunk);
-        if (expected.effects.contains(
-                "6e:f7:0001")) // what it does to the settings is seen elsewhere
-            received = {expected.logged, expected.traffic,
-                        received.effects.mid(received.effects.size() - 1)};
-        const bool isSame = station.handler.isInAutotestMode() == model.isOn &&
+        QStringList received = station.play(step, chunk);
+        QStringList expected = model.play(step, chunk);
+        // What the audio settings do is seen elsewhere.
+        if (expected.last() == sent(testkit::packetOf("6e:f7:0001"))) {
+            received = received.mid(received.size() - 1);
+            expected = expected.mid(expected.size() - 1);
+        }
+        const bool isSame = received == expected &&
+                            station.handler.isInAutotestMode() == model.isOn &&
                             station.handler.isKeyDetect() == model.isInKeyTest &&
                             station.handler.isInKeyTest() == model.isInKeyTest;
-        if (isSame && received.text() == expected.text())
+        if (isSame)
             continue;
-        std::printf("%s at %d: %s\ninstead of %s\n", input.toHex().constData(), next,
-                    qPrintable(received.text()), qPrintable(expected.text()));
+        std::printf("%s at %d: %s instead of %s\n", input.toHex().constData(), next,
+                    qPrintable(received.join(' ')), qPrintable(expected.join(' ')));
         std::fflush(stdout);
         std::abort();
     }

@@ -1,6 +1,6 @@
 // Runs the fuzz target without a fuzzer, the same on every run: over every file of a folder, over
-// every packet with a short payload, every break of one packet and every length byte, then over
-// streams of whole and broken packets in chunks of random lengths.
+// every packet with a short payload, then over streams of whole and broken packets in chunks of
+// random lengths.
 #include "packettext.h"
 
 #include <QDir>
@@ -43,31 +43,11 @@ void replayEveryPacket()
     }
 }
 
-void replayBrokenPackets()
-{
-    const QByteArray good = testkit::packet(0x2e, 0x05, "\x02");
-    for (int at = 0; at < good.size(); ++at) {
-        QByteArray input = '\x01' + step(good.left(at)) + step(good.mid(at));
-        for (int change = 1; change < 256; ++change) {
-            QByteArray bad = good;
-            bad[at] = char(bad[at] + change);
-            input += step(bad) + step({}) + QByteArray("\0\x01", 2);
-        }
-        replay(input);
-    }
-    for (int length = 0; length < 256; ++length) {
-        const QByteArray header = QByteArray("\xff\x55") + char(length);
-        replay('\x01' + step(header) + step(QByteArray(100, '\x01')) +
-               step(QByteArray(length > 97 && length < 252 ? length - 98 : 0, '\x01')) +
-               step("\x01") + step(good) + step(good));
-    }
-}
-
 /// A packet, whole or with a wrong byte, or a piece of one.
 QByteArray anyPiece(QRandomGenerator &random)
 {
-    static const QByteArrayList pieces = QByteArrayList{
-        "ff", "55", "00", "ff55fc", "ff55fd", "ff55fe", "ff55ff", "ff55032e", "ff55022105ff"};
+    static const QByteArrayList pieces =
+        QByteArrayList{"ff", "55", "00", "ff55fd", "ff55fe", "ff55ff", "ff55032e", "ff55022105ff"};
     if (random.bounded(3) == 0)
         return QByteArray::fromHex(pieces[random.bounded(pieces.size())]);
     QByteArray payload(random.bounded(random.bounded(9) ? 4 : 250), '\0');
@@ -83,7 +63,7 @@ QByteArray anyPiece(QRandomGenerator &random)
 void replayStreams()
 {
     QRandomGenerator random(1);
-    for (int round = 0; round < 1000; ++round) {
+    for (int round = 0; round < 600; ++round) {
         QByteArray stream;
         while (stream.size() < 300)
             stream += anyPiece(random);
@@ -106,7 +86,6 @@ int main(int argc, char **argv)
 {
     const bool isRead = replayFolder(argc > 1 ? argv[1] : "");
     replayEveryPacket();
-    replayBrokenPackets();
     replayStreams();
     return isRead ? 0 : 1;
 }
