@@ -1,9 +1,11 @@
-# Shared by ./run, ./test and .ci/run: installs what a Debian 12 machine lacks and builds a preset.
-# Sourced with the repository as the working directory.
+# Included by all scripts of the repository. Changes to the root of the repository, and has functions
+# that install missing Debian packages and build a preset. Several scripts may run at the same time,
+# also in one checkout.
+cd "$(dirname "$(realpath "${BASH_SOURCE[0]}")")/.."
 
 say() { printf '\n== %s\n' "$*"; }
 
-# install PACKAGE... - only what is missing, so a second call costs nothing.
+# install PACKAGE... - installs the packages that are missing.
 install() {
     local missing=() package
     for package in "$@"; do
@@ -12,22 +14,26 @@ install() {
     done
     [ ${#missing[@]} -eq 0 ] && return
     say "Installing ${missing[*]}"
-    apt-get update -q
-    DEBIAN_FRONTEND=noninteractive apt-get install -q -y --no-install-recommends "${missing[@]}"
+    flock /var/lib/apt apt-get update -q
+    DEBIAN_FRONTEND=noninteractive flock /var/lib/apt \
+        apt-get install -q -y --no-install-recommends "${missing[@]}"
 }
 
-install_build_tools() { install g++ cmake ninja-build qtbase5-dev pkg-config "$@"; }
+install_build_tools() { install g++ cmake make ninja-build qtbase5-dev pkg-config "$@"; }
 
-# build PRESET [TARGET...] - quiet but for what it compiles; shows everything when it fails.
-build() {
-    local preset=$1 log=build/$1.log target targets=()
+# build PRESET [TARGET...] - builds the preset, or these targets of it. Shows the output of the
+# configuration only if that fails. Waits for other builds of the same checkout.
+build() (
+    preset=$1 log=build/$1.log targets=()
     shift
     for target in "$@"; do targets+=(--target "$target"); done
     mkdir -p build
     say "Building ($preset)"
+    exec 9<build
+    flock 9
     if ! cmake --preset "$preset" >"$log" 2>&1; then
         cat "$log" >&2
         return 1
     fi
     cmake --build --preset "$preset" "${targets[@]}"
-}
+)

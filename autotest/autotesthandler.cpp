@@ -2,6 +2,9 @@
 #include "autotesthandler.h"
 
 #include "autotesthandler_p.h"
+#include "factorytest_p.h"
+
+#include "eventhandler.h"
 
 #include <cstdio>
 
@@ -50,7 +53,27 @@ void AutoTestHandler::stop()
                SLOT(onAutoTestPkgChanged(QByteArray)));
 }
 
-bool AutoTestHandler::isInAutotestMode() const { return m_data->inAutotestMode != 0; }
+// A blank in a signature costs Qt a second search.
+// clang-format off
+void switchFactoryTest(McuService *facade, bool on)
+{
+    AutoTestHandler *handler = AutoTestHandler::instance();
+    if (on) {
+        handler->start();
+        QObject::connect(facade, SIGNAL(keyEvent(int,int)), handler, SLOT(onKeyHandle(int,int)));
+        // Kept: with blanks, as the dispatcher declares its signal.
+        QObject::connect(EventHandler::instance(), SIGNAL(keyEventForAutotest(int, int, int)),
+                         handler, SLOT(onHuKeyHandle(int,int,int)));
+    } else {
+        // Kept: the dispatcher's keys stay connected. They reach the handler after the mode has
+        // ended too, and each further entry into it adds one more connection.
+        handler->stop();
+        QObject::disconnect(facade, SIGNAL(keyEvent(int,int)), handler, SLOT(onKeyHandle(int,int)));
+    }
+}
+// clang-format on
+
+bool AutoTestHandler::isInAutotestMode() { return m_data->inAutotestMode != 0; }
 
 // Packets in
 
@@ -67,8 +90,8 @@ void AutoTestHandler::onAutoTestPkgChanged(QByteArray data)
         MCU_DEBUG << "not found sync id.";
         return;
     }
-    // One packet for each chunk: stations wait for the answer before they send on. What else is in
-    // the chunk waits for later ones.
+    // Kept: one packet for each chunk; stations wait for the answer before they send on. What else
+    // is in the chunk waits for later ones.
     analysisData();
 }
 

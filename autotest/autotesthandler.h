@@ -1,5 +1,6 @@
-// The factory end-of-line test as applications see it: signals for what the station asks and sets,
-// operations to answer it.
+/// \file
+/// The factory end-of-line test for applications: signals for the requests of the station,
+/// operations to answer them.
 #pragma once
 
 #include "mcuserviceexport.h"
@@ -15,61 +16,85 @@ namespace mcu {
 
 class AutoTestHandlerPrivate;
 
-/// Speaks the protocol of the factory test station, whose packets the MCU carries.
+/// Implements the protocol of the factory test station. The MCU transfers the packets.
+/// docs/factory-test.md describes the packets and all requests.
 ///
-/// Between start() and stop() the packets that arrive through McuService::autoTestPkgChanged() are
-/// put together, verified and turned into signals, one packet for each chunk received. What a
-/// request asks for is the applications' to know: they answer a read...() signal with
-/// sendReadInfo() for the same DID, usually with the requested item as the first byte. Write
-/// requests are acknowledged here, whether or not anyone listens to the signal. A broken or unknown
-/// packet gets no answer.
+/// Between start() and stop(), McuService::autoTestPkgChanged() delivers chunks of bytes. Packets
+/// are assembled from them, verified and emitted as signals, one packet per chunk. Applications
+/// answer a read...() signal with sendReadInfo() for the same DID, usually with the requested item
+/// as the first byte. Write requests are acknowledged here. A broken or unknown packet gets no
+/// answer.
 ///
-/// Every int argument of a read...() or set...() signal is a payload byte, 0..255; the codes are
-/// the station's. A byte that the request does not have is not checked for: the packet's next byte,
-/// its checksum, takes the place of the first one missing, then come zeros.
+/// Each int argument of a read...() or set...() signal is a payload byte, 0 to 255; the codes are
+/// the station's. A missing byte is not refused: the packet's checksum takes the place of the first
+/// missing byte and 0 that of the others, unless the signal says otherwise.
 ///
-/// Packets leave through McuService::sendAutoTestPkgToMcu(), outside the test mode too; without a
-/// link they go nowhere. A payload is cut off at 253 bytes. Everything runs in the thread that
-/// first called instance(), which must be the facade's.
+/// Packets are sent with McuService::sendAutoTestPkgToMcu(), outside the test mode too; without a
+/// link they are lost. Payloads are cut to 253 bytes. Call everything from the thread that first
+/// calls instance(), which must be the facade's; signals are emitted there.
+///
+/// Kept: getters are not const, because applications are linked against the names without it.
 class MCUSERVICE_EXPORT AutoTestHandler : public QObject {
     Q_OBJECT
 
 public:
-    /// The object, created on first use and destroyed at process exit. Never null.
+    /// \name Life cycle
+    ///@{
+
+    /// The object: created on first use (thread-safe), destroyed at process exit, never null.
     static AutoTestHandler *instance();
-
+    /// A separate handler over McuService::instance(), for tests; applications use instance().
     explicit AutoTestHandler(QObject *parent = nullptr);
+    /// Ends receiving; the station is not informed.
     ~AutoTestHandler() override;
-
-    /// Begins and ends receiving; McuService::notifyAutoTestStatus() calls them. A second start()
-    /// does nothing. stop() forgets bytes received so far; the key test stays as it is.
+    /// Begins receiving. McuService::notifyAutoTestStatus() calls it; a second call does nothing.
     void start();
+    /// Ends receiving and drops the bytes that wait. McuService::notifyAutoTestStatus() calls it.
+    /// The key test does not change.
     void stop();
-    /// Whether packets are being received; false before the first start().
-    bool isInAutotestMode() const;
-    /// Whether the key test is on, the same as isInKeyTest().
-    bool isKeyDetect() const;
+    /// Whether packets are received; false before the first start().
+    bool isInAutotestMode();
+    /// Whether the key test is on; false at start. Kept: second name of isInKeyTest(); applications
+    /// know both.
+    bool isKeyDetect();
+    ///@}
 
-    // Answers to read requests, by DID (its low 8 bits): the data, or one byte item and the data.
+    /// \name Answers to the station
+    /// The DID is the low byte of did. The payload is item (its low byte), then data; or data
+    /// alone.
+    ///@{
 
+    /// Answers a read request, with the requested item in front.
     void sendReadInfo(int did, int item, const QByteArray &data);
+    /// Answers a read request without an item.
     void sendReadInfo(int did, const QByteArray &data);
-    /// A write response beyond the automatic one.
+    /// Sends a write response; the acknowledgement of a request is sent without it.
     void sendWriteInfo(int did, int item, const QByteArray &data);
-    /// A feedback packet: something happened that the station did not ask for.
+    /// Sends feedback: the head unit reports something that the station has not requested.
     void sendFeedbackInfo(int did, int item, const QByteArray &data);
+    ///@}
 
-    // Milestones of the test: feedback packets without payload.
+    /// \name Milestones
+    /// Feedback without a payload.
+    ///@{
 
+    /// The head unit has started; code 0x01.
     void sendBootDoneSuccess();
+    /// The Bluetooth search has ended; code 0x30.
     void sendBTSearchSuccess();
+    /// Bluetooth is connected; code 0x31.
     void sendBTConnSuccess();
+    /// The phone book is downloaded; code 0x33.
     void sendBTDownPhoneBookSuccess();
+    /// The phone call is set up; code 0x34.
     void sendBTCallSuccess();
+    ///@}
 
 Q_SIGNALS:
-    // Read requests: the application that has the value answers with sendReadInfo() for the DID in
-    // front. `type` is the requested item.
+    /// \name Read requests
+    /// Each comment begins with the DID. The application that has the value answers with
+    /// sendReadInfo() for this DID; `type` is the requested item.
+    ///@{
 
     /// 0x01: sound settings.
     void readSoundInfo(int type);
@@ -79,21 +104,21 @@ Q_SIGNALS:
     void readScreenInfo(int type);
     /// 0x04: date and time.
     void readDataTime(int type);
-    /// 0x05: language.
+    /// 0x05: language. Kept: applications connect to this spelling.
     void readLaguage();
     /// 0x07: radio area.
     void readRadioArea();
     /// 0x08: power status.
     void readPwrStatus();
-    /// 0x09: the screen shown.
+    /// 0x09: the screen that is shown.
     void readCurrentUI();
-    /// 0x23: number of satellites.
+    /// 0x23: number of satellites. Kept: applications connect to this spelling.
     void readStatelliteNum(int type);
     /// 0x30: Bluetooth address.
     void readBTAddr();
     /// 0x31: Bluetooth device name.
     void readBTName();
-    /// 0x41: panel keys. While the key test is on, each key is also reported by itself.
+    /// 0x41: panel keys. While the key test is on, each key is also reported without a request.
     void readPanelKeyStatus();
     /// 0x42: radio frequency.
     void readRadioFreqInfo(int type);
@@ -123,20 +148,26 @@ Q_SIGNALS:
     void readDestCode();
     /// 0xD1: GPS.
     void readGpsInfo();
-    /// 0xD2: steering-wheel keys. While the key test is on, each key is also reported by itself.
+    /// 0xD2: steering-wheel keys. While the key test is on, each key is also reported without a
+    /// request.
     void readWheelKey();
     /// 0xD3: vehicle speed.
     void readSpeed();
+    ///@}
 
-    // Write requests, by the DID in front. The station is answered when the signal has returned.
+    /// \name Write requests
+    /// Each comment begins with the DID. The station is answered after the signal has returned,
+    /// whether or not anything is connected to it.
+    ///@{
 
-    /// 0x01: a sound setting. Without a value byte `value` is read from the packet's start.
+    /// 0x01: a sound setting. A missing value byte is read from the packet's start.
     void setSoundInfo(int type, int value);
-    /// 0x02: media source. Bytes beyond the end are read from the packet's start.
+    /// 0x02: media source. Missing bytes are read from the packet's start. Kept: applications
+    /// connect to this spelling.
     void setMedisSource(int type, int value1, int value2);
-    /// 0x03: a screen setting. Bytes beyond the end are read from the packet's start.
+    /// 0x03: a screen setting. Missing bytes are read from the packet's start.
     void setScreenInfo(int type, int value);
-    /// 0x04: date and time, `data` being the payload after the type. Not without payload.
+    /// 0x04: date and time; data is the payload after the type byte. Not emitted without payload.
     void setTimeDataInfo(int type, QByteArray data);
     /// 0x05: language.
     void setLanguage(int type);
@@ -152,7 +183,7 @@ Q_SIGNALS:
     void setTunerSeek(int type);
     /// 0x0D: fill the screen with a colour.
     void setScreenColor(int type);
-    /// 0x30: Bluetooth search.
+    /// 0x30: Bluetooth search. Kept: applications connect to this spelling.
     void setSearCh(int type);
     /// 0x31: Bluetooth connection.
     void setConnect(int type);
@@ -160,7 +191,8 @@ Q_SIGNALS:
     void setDownloadPhonebook();
     /// 0x33: play Bluetooth music.
     void setPlayBTMusic();
-    /// 0x34: call; `data` is the payload after its first byte, the number. Not without payload.
+    /// 0x34: call; data is the number, the payload after its first byte. Not emitted without
+    /// payload.
     void setCallPhone(QByteArray data);
     /// 0x35: microphone test.
     void setEnterMicTest(int type);
@@ -196,25 +228,35 @@ Q_SIGNALS:
     void setSWCAdapter(int adapter);
     /// 0xF5: camera.
     void setCamera(int camara);
-    /// Declared for applications; this library does not emit it.
+    /// Kept: never emitted here; applications connect to it.
     void setSN(QByteArray SN);
+    ///@}
 
 public Q_SLOTS:
-    /// A steering-wheel key: while the key test is on, its code is reported as DID 0xD2 whatever
-    /// the state; a key without code gives an empty payload.
+    /// \name Key test
+    ///@{
+
+    /// A steering-wheel key: onHuKeyHandle() with kind 0.
     void onKeyHandle(int key, int state);
-    /// A key of kind 0 (steering wheel, as above) or 1 (panel). While the key test is on, a panel
-    /// key is reported as DID 0x41: pressed (state 0), held for 500 ms, released (state 1). Key 1
-    /// is reported only as held, 500 ms after its press, even when released before.
+    /// A key of kind 0 (steering wheel) or 1 (panel). Reports nothing while the key test is off.
+    /// A steering-wheel key is reported as DID 0xD2 with its code, whatever the state; the payload
+    /// is empty for a key without a code. A panel key is reported as DID 0x41 when it is pressed
+    /// (state 0), held for 500 ms (state 2) and released (state 1). docs/factory-test.md lists the
+    /// codes.
+    /// Kept: key 1 is reported only as held, 500 ms after its press, even when it was released
+    /// before; test stations expect it so.
     void onHuKeyHandle(int key, int state, int kind);
     /// Whether the key test is on; false at start.
     bool isInKeyTest();
+    ///@}
 
 private Q_SLOTS:
     void onAutoTestPkgChanged(QByteArray data);
     void onTimerOut();
 
 private:
+    friend class AutoTestHandlerPrivate;
+
     // From a chunk to the handler of its packet's DID.
     void analysisData();
     void parseDataCmd(const QByteArray &packet);
@@ -222,118 +264,11 @@ private:
     void parseWriteData(const QByteArray &packet);
     void parseFeedbackData(const QByteArray &packet);
 
-    // Read requests
-    void parse_ATR_SOUND_DID(const QByteArray &packet);
-    void parse_ATR_MEDIA_DID(const QByteArray &packet);
-    void parse_ATR_SCREEN_DID(const QByteArray &packet);
-    void parse_ATR_TIME_DATE_DID(const QByteArray &packet);
-    void parse_ATR_LANGUAGE_DID(const QByteArray &packet);
-    void parse_ATR_RadioArea_DID(const QByteArray &packet);
-    void parse_ATR_PowSta_DID(const QByteArray &packet);
-    void parse_ATR_UI_DID(const QByteArray &packet);
-    void parse_ATR_NaviDemo_DID(const QByteArray &packet);
-    void parse_ATR_GPSFlag_DID(const QByteArray &packet);
-    void parse_ATR_GPSTime_DID(const QByteArray &packet);
-    void parse_ATR_SatelliteNUM_DID(const QByteArray &packet);
-    void parse_ATR_Dirction_DID(const QByteArray &packet);
-    void parse_ATR_TBOX_DID(const QByteArray &packet);
-    void parse_ATR_MapSize_DID(const QByteArray &packet);
-    void parse_ATR_BTAddress_DID(const QByteArray &packet);
-    void parse_ATR_BTDev_DID(const QByteArray &packet);
-    void parse_ATR_KeySta_DID(const QByteArray &packet);
-    void parse_ATR_RadioFreq_DID(const QByteArray &packet);
-    void parse_ATR_TPMS_DID(const QByteArray &packet);
-    void parse_ATR_RDS_DID(const QByteArray &packet);
-    void parse_ATR_DAB_DID(const QByteArray &packet);
-    void parse_ATR_SXM_DID(const QByteArray &packet);
-    void parse_ATR_CAN_DID(const QByteArray &packet);
-    void parse_ATR_SoftWare_DID(const QByteArray &packet);
-    void parse_ATR_HardWare_DID(const QByteArray &packet);
-    void parse_ATR_MODEL_DID(const QByteArray &packet);
-    void parse_ATR_SN_DID(const QByteArray &packet);
-    void parse_ATR_UUID_DID(const QByteArray &packet);
-    void parse_ATR_VehicleName_DID(const QByteArray &packet);
-    void parse_ATR_VehicleNum_DID(const QByteArray &packet);
-    void parse_ATR_RSC_TSN_DID(const QByteArray &packet);
-    void parse_ATR_ECU_MDATE_DID(const QByteArray &packet);
-    void parse_ATR_ECU_PDATE_DID(const QByteArray &packet);
-    void parse_ATR_ECU_ADATE_DID(const QByteArray &packet);
-    void parse_ATR_MMI_FUNC_DID(const QByteArray &packet);
-    void parse_ATR_VEH_NET_DID(const QByteArray &packet);
-    void parse_ATR_WIFI_CONN_DID(const QByteArray &packet);
-    void parse_ATR_WIFI_SIG_DID(const QByteArray &packet);
-    void parse_ATR_DVR_DID(const QByteArray &packet);
-    void parse_ATR_DEST_DID(const QByteArray &packet);
-    void parse_ATR_GPS_DID(const QByteArray &packet);
-    void parse_ATR_WHEEL_KEY_DID(const QByteArray &packet);
-    void parse_ATR_SPEED_DID(const QByteArray &packet);
-    void parse_ATR_READ_SN(const QByteArray &packet);
-
-    // Write requests
-    void parse_ATW_SOUND_DID(const QByteArray &packet);
-    void parse_ATW_MEDIA_DID(const QByteArray &packet);
-    void parse_ATW_SCREEN_DID(const QByteArray &packet);
-    void parse_ATW_TIME_DATE_DID(const QByteArray &packet);
-    void parse_ATW_LANGUAGE_DID(const QByteArray &packet);
-    void parse_ATW_FACTORY_DID(const QByteArray &packet);
-    void parse_ATW_RadioArea_DID(const QByteArray &packet);
-    void parse_ATW_PowSta_DID(const QByteArray &packet);
-    void parse_ATW_UI_DID(const QByteArray &packet);
-    void parse_ATW_RESET_DID(const QByteArray &packet);
-    void parse_ATW_SEEK_DID(const QByteArray &packet);
-    void parse_ATW_CAMERA_DID(const QByteArray &packet);
-    void parse_ATW_SCRCOLOR_DID(const QByteArray &packet);
-    void parse_ATW_SETRDS_DID(const QByteArray &packet);
-    void parse_ATW_NAVI_DID(const QByteArray &packet);
-    void parse_ATW_ExitNAVI_DID(const QByteArray &packet);
-    void parse_ATW_BTSearch_DID(const QByteArray &packet);
-    void parse_ATW_BTConnect_DID(const QByteArray &packet);
-    void parse_ATW_DLPhone_DID(const QByteArray &packet);
-    void parse_ATW_BTMusic_DID(const QByteArray &packet);
-    void parse_ATW_CALL_DID(const QByteArray &packet);
-    void parse_ATW_MIC_DID(const QByteArray &packet);
-    void parse_ATW_BTState_DID(const QByteArray &packet);
-    void parse_ATW_BTTest_DID(const QByteArray &packet);
-    void parse_ATW_BTADDRTest_DID(const QByteArray &packet);
-    void parse_ATW_BTPHONE_DID(const QByteArray &packet);
-    void parse_ATW_TBOX_DID(const QByteArray &packet);
-    void parse_ATW_DKey_DID(const QByteArray &packet);
-    void parse_ATW_CONNECTION_DID(const QByteArray &packet);
-    void parse_ATW_REVERSE_DID(const QByteArray &packet);
-    void parse_ATW_SETSWCKEY(const QByteArray &packet);
-    void parse_ATW_BUZZER_DID(const QByteArray &packet);
-    void parse_ATW_SN_DID(const QByteArray &packet);
-    void parse_ATW_MES_DID(const QByteArray &packet);
-    void parse_ATW_FASTSLEEP_DID(const QByteArray &packet);
-    void parse_ATW_vEHNAME_DID(const QByteArray &packet);
-    void parse_ATW_vEHVIN_DID(const QByteArray &packet);
-    void parse_ATW_ConnectionStatus_DID(const QByteArray &packet);
-    void parse_ATW_ConnectionWifi_DID(const QByteArray &packet);
-    void parse_ATW_WARN_SCREEN_DID(const QByteArray &packet);
-    void parse_ATW_ENTER_DEST_DID(const QByteArray &packet);
-    void parse_ATW_SET_DEST_DID(const QByteArray &packet);
-    void parse_ATW_DEST_OK_DID(const QByteArray &packet);
-    void parse_ATW_SET_DAY_NIGHT_DID(const QByteArray &packet);
-    void parse_ATW_SET_SWC_ADAPTER(const QByteArray &packet);
-    void parse_ATW_SET_CAMARA(const QByteArray &packet);
-    void parse_ATW_SET_SN(const QByteArray &packet);
-    void parse_ATW_SETTING_STATUS(const QByteArray &packet);
-
-    // Feedback of the station
-    void parse_ATF_PWUP_DID(const QByteArray &packet);
-    void parse_ATF_NAVISET_DID(const QByteArray &packet);
-    void parse_ATF_BTSH_DID(const QByteArray &packet);
-    void parse_ATF_BTConnect_DID(const QByteArray &packet);
-    void parse_ATF_BTDisconnect_DID(const QByteArray &packet);
-    void parse_ATF_BTDNBK_DID(const QByteArray &packet);
-    void parse_ATF_BTCALL_DID(const QByteArray &packet);
-
     // Steps of the audio-setting test: 0 switches on, 1 switches off.
     void setSubWooferStatus(int v);
     void setDemoModeStatus(int v);
     void setLPFStatus(int v);
 
-    void acknowledge(const QByteArray &packet);
     void reportPanelKey(int key, int state);
     void startLongPress(int key);
 

@@ -3,24 +3,40 @@
 #pragma once
 
 #include "autotesthandler.h"
-#include "autotestpacket.h"
+#include "autotestpacket_p.h"
 #include "debug.h"
 #include "mcuservice.h"
-#include "qxprivate.h"
-
-#include <algorithm>
-#include <iterator>
+#include "qxprivate_p.h"
 
 namespace mcu {
 
+/// A row of a DID table: a request and its handler.
+template <typename Handlers>
+struct Command {
+    quint8 did;
+    void (Handlers::*handle)(const QByteArray &packet);
+};
+
+/// Calls the first row with the packet's DID; false when there is none, which is logged in the name
+/// of the caller.
+template <typename Handlers, std::size_t Rows>
+bool dispatch(const Command<Handlers> (&table)[Rows], Handlers handlers, const QByteArray &packet,
+              const CallSite &caller)
+{
+    const int did = wire::byteAt(packet, wire::didOffset);
+    for (const Command<Handlers> &command : table) {
+        if (command.did == did) {
+            (handlers.*command.handle)(packet);
+            return true;
+        }
+    }
+    if (isDebugLogged())
+        debugLine(caller) << did;
+    return false;
+}
+
 class AutoTestHandlerPrivate : public QxPrivate<AutoTestHandler> {
 public:
-    /// A row of a DID table.
-    struct Command {
-        quint8 did;
-        void (AutoTestHandler::*handle)(const QByteArray &packet);
-    };
-
     McuService *service = McuService::instance(); ///< not owned
     wire::ReceiveBuffer recvBuffer;
     QByteArray packet; ///< the last one cut out of recvBuffer; empty when it was broken
@@ -32,21 +48,11 @@ public:
     void sendWriteInfo(unsigned char did, const QByteArray &payload);
     void sendFeedbackInfo(unsigned char code);
     void sendPkgToMcu(const QByteArray &pkt);
+    /// Answers a write request once its handler has returned.
+    void acknowledge(const QByteArray &request);
 
-    /// Calls the first row with the packet's DID; false when there is none.
-    template <std::size_t Rows>
-    bool dispatch(const Command (&table)[Rows], const QByteArray &received)
-    {
-        const int did = wire::byteAt(received, wire::didOffset);
-        const auto row = std::find_if(std::begin(table), std::end(table),
-                                      [did](const Command &command) { return command.did == did; });
-        if (row == std::end(table)) {
-            MCU_DEBUG << did;
-            return false;
-        }
-        (owner->*row->handle)(received);
-        return true;
-    }
+    void setKeyTest(bool on);
+    void testAudioSettings(const QByteArray &request);
 };
 
 } // namespace mcu

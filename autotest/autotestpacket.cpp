@@ -1,5 +1,5 @@
 // Builds and verifies factory packets and finds them in the byte stream of the station.
-#include "autotestpacket.h"
+#include "autotestpacket_p.h"
 
 #include "debug.h"
 
@@ -42,9 +42,9 @@ int byteAt(const QByteArray &packet, int offset)
     return offset < packet.size() ? quint8(packet.at(offset)) : 0;
 }
 
-int wrappedByteAt(const QByteArray &packet, int offset)
+int wrappedPayloadByte(const QByteArray &packet, int number)
 {
-    return packet.isEmpty() ? 0 : byteAt(packet, offset % packet.size());
+    return packet.isEmpty() ? 0 : byteAt(packet, (payloadOffset + number) % packet.size());
 }
 
 bool verifiPackageCheckSum(const char *data, int len)
@@ -92,7 +92,8 @@ bool ReceiveBuffer::checkPackageIsEntire(QByteArray &packet)
     }
     const char *front = m_bytes.data() + m_begin;
     const quint8 length = quint8(front[lengthOffset]);
-    const quint8 total = quint8(length + uncounted); // 8 bits: 0xfc and above wrap to 0..3
+    // Kept: in 8 bits as the station counts, so 0xfc and above wrap to 0..3.
+    const quint8 total = quint8(length + uncounted);
     if (total > size()) {
         MCU_DEBUG << size() << total << length;
         return false;

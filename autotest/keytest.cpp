@@ -12,10 +12,11 @@ namespace {
 constexpr int wheelKeyDid = 0xd2;
 constexpr int panelKeyDid = 0x41;
 
-enum Kind { WheelKey = 0, PanelKey = 1 };
-enum State { Pressed = 0, Released = 1, Held = 2 };
+enum Kind : int { WheelKey = 0, PanelKey = 1 };
+enum State : int { Pressed = 0, Released = 1, Held = 2 };
 
-/// The panel key that is reported only as held.
+/// Kept: the panel key that is reported only as held, even when released before; the station
+/// expects it so.
 constexpr int heldOnlyKey = 1;
 
 struct KeyCode {
@@ -47,17 +48,18 @@ QByteArray codeOf(int key, const KeyCode (&table)[Rows])
 
 } // namespace
 
-void AutoTestHandler::parse_ATW_DKey_DID(const QByteArray &packet)
+void AutoTestHandlerPrivate::setKeyTest(bool on)
 {
-    m_data->keyDetect = wire::byteAt(packet, 5) == 1;
-    if (m_data->keyDetect)
-        Q_EMIT enterWheelStudyUi();
+    keyDetect = on;
+    if (on)
+        Q_EMIT owner->enterWheelStudyUi();
     else
-        Q_EMIT exitWheelStudyUi();
+        Q_EMIT owner->exitWheelStudyUi();
 }
 
-bool AutoTestHandler::isKeyDetect() const { return m_data->keyDetect != 0; }
+bool AutoTestHandler::isKeyDetect() { return m_data->keyDetect != 0; }
 
+// Kept: both names for the one flag, applications use either.
 bool AutoTestHandler::isInKeyTest() { return isKeyDetect(); }
 
 void AutoTestHandler::onKeyHandle(int key, int state) { onHuKeyHandle(key, state, WheelKey); }
@@ -74,6 +76,8 @@ void AutoTestHandler::onHuKeyHandle(int key, int state, int kind)
         m_data->sendReadInfo(wheelKeyDid, codeOf(key, wheelCodes));
         break;
     case PanelKey:
+        if (state != Pressed && state != Released && state != Held)
+            MCU_DEBUG << "wrong state";
         reportPanelKey(key, state);
         break;
     default:
@@ -98,8 +102,6 @@ void AutoTestHandler::reportPanelKey(int key, int state)
         startLongPress(key);
     } else if (state == Held) {
         report.append('\x02');
-    } else {
-        MCU_DEBUG << "wrong state";
     }
     if (key != heldOnlyKey || state == Held)
         m_data->sendReadInfo(panelKeyDid, report + codeOf(key, panelCodes));

@@ -1,11 +1,11 @@
-// Measures what a factory packet costs in the codec and in the floor, in one run.
+// Measures the cost of a factory packet in the codec and in the floor, in one run.
 //
-//     codecbench            times, through Google Benchmark; takes its options
-//     codecbench --count    for callgrind: one dump a row, named CODEC/ROW
+//     codecbench            measures times with Google Benchmark and takes its options
+//     codecbench --count    writes one callgrind dump per row, named CODEC/ROW
 #include "codecfloor.h"
 #include "counting.h"
 
-#include "autotestpacket.h"
+#include "autotestpacket_p.h"
 
 #include <QLoggingCategory>
 
@@ -15,7 +15,7 @@
 
 namespace {
 
-/// The library's codec, called as its handler does.
+/// The library's codec, called as the factory test handler calls it.
 class Codec {
 public:
     void append(const QByteArray &chunk) { m_buffer.append(chunk); }
@@ -30,14 +30,14 @@ private:
     mcu::wire::ReceiveBuffer m_buffer;
 };
 
-/// How packets arrive.
+/// A way in which packets arrive.
 struct Row {
     const char *name;
     int size;    ///< bytes of a packet
     int waiting; ///< packets that wait from the start
-    int burst;   ///< packets in a chunk
-    bool byByte; ///< a chunk for each byte instead
-    int times;   ///< acts that are counted
+    int burst;   ///< packets per chunk
+    bool byByte; ///< each byte is a chunk of its own
+    int times;   ///< number of acts that are counted
 };
 
 constexpr Row rows[]{
@@ -51,7 +51,7 @@ constexpr Row rows[]{
     {"9, 1000 waiting", 9, 1000, 1, false, 20000},
 };
 
-/// One act of a row on one codec: a chunk arrives, its packets are taken.
+/// One act of a row with one codec: a chunk arrives and its packets are taken.
 template <typename Buffer>
 class Act {
 public:
@@ -88,7 +88,7 @@ private:
     std::vector<QByteArray> m_bytes;
 };
 
-/// Bytes that never hold a sync pair, half of them possible beginnings of one.
+/// Bytes without a sync pair; half of them are possible first bytes of one.
 template <typename Buffer>
 void countFlood(const std::string &name)
 {
@@ -96,7 +96,8 @@ void countFlood(const std::string &name)
     Buffer buffer;
     QByteArray packet;
     const QByteArray chunk = QByteArray("\xff\x01").repeated(500);
-    // Half of ten million bytes go in uncounted; the other half must not cost more for them.
+    // The first five million bytes are not counted. They wait in the buffer and must not make the
+    // next five million, which are counted, more expensive.
     countActs(name, chunks, [&] {
         buffer.append(chunk);
         benchmark::DoNotOptimize(buffer.take(packet));

@@ -1,5 +1,5 @@
-// The least that can be done with received factory packets: bytes in one block with an offset of
-// what is consumed, the sync found by memchr. Written by hand, to measure the codec against.
+// The floor for received factory packets: the minimum of work, written by hand, that the codec is
+// compared with. One block of bytes, the offset of the consumed ones, and memchr for the sync.
 #pragma once
 
 #include <QByteArray>
@@ -25,7 +25,7 @@ public:
         m_end += more;
     }
 
-    /// The next packet into `packet`, if a whole one is here; true when its checksum is right.
+    /// Copies the next packet to `packet` if it is complete. Returns whether its checksum is right.
     bool take(QByteArray &packet)
     {
         const char *const end = m_bytes.data() + m_end;

@@ -1,12 +1,12 @@
-// One callgrind dump for each thing measured, with its name.
+// Writes one callgrind dump per measured row, with the name of the row.
 #pragma once
 
 #include <valgrind/callgrind.h>
 
 #include <string>
 
-/// Acts so often and dumps what that cost; the same beforehand, uncounted, for lookups and first
-/// allocations.
+/// Calls `act` so many times and dumps the cost. The same number of calls before that is not
+/// counted: it does the lookups and the first allocations.
 template <typename Act>
 void countActs(const std::string &name, int times, Act act)
 {

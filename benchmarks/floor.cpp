@@ -1,4 +1,4 @@
-// The floor's two reports and its text loop; the relay needs no code.
+// The floor for two reports and for broadcast text. The relay is a connection without code.
 #include "floor.h"
 
 #include "radiostringconnver.h"

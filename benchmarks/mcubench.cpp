@@ -1,8 +1,8 @@
-// Measures what a report, a command and a text cost in the library and in the floor, in one run.
+// Measures the cost of a report, a command and a text in the library and in the floor, in one run.
 //
-//     mcubench            times, through Google Benchmark; takes its options
-//     mcubench --count    for callgrind: one dump a row, named SERVICE/ROW
-//     mcubench --soak N   sends N mixed reports and prints how the resident memory grew
+//     mcubench            measures times with Google Benchmark and takes its options
+//     mcubench --count    writes one callgrind dump per row, named SERVICE/ROW
+//     mcubench --soak N   sends N mixed reports and prints the growth of the resident memory
 #include "counting.h"
 #include "floor.h"
 
@@ -39,7 +39,7 @@ public Q_SLOTS:
     void takeNumber(int number) { benchmark::DoNotOptimize(number); }
 };
 
-/// A service bound to the link with its receivers, which listen to all that is measured.
+/// A service that is connected to the link, with receivers for all signals that are measured.
 template <typename Service>
 class Stand {
 public:
@@ -63,7 +63,7 @@ private:
     std::vector<Receiver> m_receivers;
 };
 
-/// One thing to measure, as the floor and as the library does it.
+/// One operation to measure, in the floor and in the library.
 struct Row {
     const char *name;
     void (*floor)(Floor &);
@@ -74,7 +74,7 @@ struct Row {
     void operator()(McuService &service) const { library(service); }
 };
 
-/// Both are called alike.
+/// A row with the same call for the floor and the library.
 template <typename Act>
 constexpr Row alike(const char *name, Act act, int receivers)
 {
@@ -83,7 +83,7 @@ constexpr Row alike(const char *name, Act act, int receivers)
 
 McuSrv *link() { return McuSrv::instance(); }
 
-/// Forgets what the link noted of a command, so that memory is always as before it.
+/// Clears the link's log of commands, so that memory does not grow from call to call.
 void forget() { substitute::link::log().clear(); }
 
 const QString version = QStringLiteral("APP 5.3.1");
@@ -153,7 +153,7 @@ constexpr Row silencedLogs[]{
         0),
 };
 
-/// What is measured, by "SERVICE/ROW": calls the function with the row while its service stands.
+/// Calls the function for each row and service, with the name "SERVICE/ROW".
 template <typename Measure>
 void forEachRow(Measure measure)
 {
@@ -188,14 +188,14 @@ struct Count {
     }
 };
 
-/// Reports with the same value in all fields.
+/// Emits a report with the same value in all fields.
 template <typename... Ints>
 void report(void (McuSrv::*signal)(Ints...), int value)
 {
     (link()->*signal)(Ints(value)...);
 }
 
-/// Every vehicle report once.
+/// Emits every vehicle report once and returns their number.
 int reportAll(int value)
 {
     link()->reportFeatureVelroCodeChangedSgl(QByteArray(value % 64, 'x'));

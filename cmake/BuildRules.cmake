@@ -1,5 +1,5 @@
-# How every target here is compiled: C++17, all warnings errors, symbols hidden unless exported, file
-# names in log lines relative to the source root.
+# Compiler settings of all targets: C++17, warnings are errors, symbols are hidden unless exported,
+# file names in log lines are relative to the source root.
 set(CMAKE_CXX_STANDARD 17)
 set(CMAKE_CXX_STANDARD_REQUIRED ON)
 set(CMAKE_CXX_EXTENSIONS OFF)
@@ -26,8 +26,27 @@ if(MCUSERVICE_SANITIZE)
     target_compile_definitions(mcuservice_rules INTERFACE QT_FORCE_ASSERTS)
 endif()
 
+# All sources of the library, compiled once: the objects make the shared library and serve the tests,
+# which so reach what the library hides and test the very code that ships.
+add_library(mcuservice_objects INTERFACE)
+# All headers of the library and the platform, for tests and tools.
 add_library(mcuservice_includes INTERFACE)
-foreach(folder include vehicle radio service autotest manager)
+target_include_directories(mcuservice_includes INTERFACE
+    ${PROJECT_SOURCE_DIR}/platform/contract/link ${PROJECT_SOURCE_DIR}/platform/contract/services)
+target_link_libraries(mcuservice_objects INTERFACE mcuservice_includes mcuservice_rules Qt5::Core)
+
+# mcuservice_layer(folder [SEES folder...]): the sources of a folder, compiled with the headers of that
+# folder and of those it names, and no others.
+function(mcuservice_layer folder)
+    cmake_parse_arguments(layer "" "" "SEES" ${ARGN})
+    set(target mcuservice_${folder})
+    add_library(${target} OBJECT)
+    add_subdirectory(${folder})
+    set_target_properties(${target} PROPERTIES POSITION_INDEPENDENT_CODE ON)
+    target_compile_definitions(${target} PRIVATE MCUSERVICE_BUILD QT_NO_KEYWORDS)
+    list(TRANSFORM layer_SEES PREPEND ${PROJECT_SOURCE_DIR}/)
+    target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/${folder} ${layer_SEES})
+    target_link_libraries(${target} PRIVATE mcuservice_rules Qt5::Core)
+    target_sources(mcuservice_objects INTERFACE $<TARGET_OBJECTS:${target}>)
     target_include_directories(mcuservice_includes INTERFACE ${PROJECT_SOURCE_DIR}/${folder})
-endforeach()
-target_include_directories(mcuservice_includes INTERFACE ${PROJECT_SOURCE_DIR}/platform/contract)
+endfunction()

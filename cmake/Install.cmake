@@ -1,21 +1,17 @@
-# What an integrator gets: the library, its public headers, a CMake package and a pkg-config file.
+# Installs the library, its public headers, a CMake package and a pkg-config file.
 include(CMakePackageConfigHelpers)
 
-set(public_headers
-    autotest/autotesthandler.h
-    include/debug.h
-    include/mcuserviceexport.h
-    manager/mcumanager.h
-    radio/mcuradiointerface.h
-    radio/radiostringconnver.h
-    service/mcuservice.h
-    service/setupinfo.h
-    vehicle/mcuvechiclebridge.h)
+# Private headers end in _p.h.
+file(GLOB public_headers CONFIGURE_DEPENDS include/*.h vehicle/*.h radio/*.h service/*.h autotest/*.h
+                                           manager/*.h)
+list(FILTER public_headers EXCLUDE REGEX "_p\\.h$")
 
 set(header_folder ${CMAKE_INSTALL_INCLUDEDIR}/mcuservice)
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/McuService)
 
 target_include_directories(mcuservice PUBLIC $<INSTALL_INTERFACE:${header_folder}>)
+# Applications must also link on machines without the head unit's platform.
+target_link_options(mcuservice INTERFACE $<INSTALL_INTERFACE:LINKER:--allow-shlib-undefined>)
 install(TARGETS mcuservice EXPORT McuServiceTargets)
 install(FILES ${public_headers} DESTINATION ${header_folder})
 install(EXPORT McuServiceTargets NAMESPACE McuService:: DESTINATION ${package_folder})
@@ -23,7 +19,7 @@ install(EXPORT McuServiceTargets NAMESPACE McuService:: DESTINATION ${package_fo
 configure_package_config_file(cmake/McuServiceConfig.cmake.in McuServiceConfig.cmake
                               INSTALL_DESTINATION ${package_folder})
 write_basic_package_version_file(McuServiceConfigVersion.cmake COMPATIBILITY SameMajorVersion)
-# Relative to itself, so that an install under another prefix is found as well.
+# The prefix is relative to the .pc file, so that an installation under another prefix works too.
 set(pkgconfig_folder ${CMAKE_INSTALL_LIBDIR}/pkgconfig)
 file(RELATIVE_PATH pkgconfig_to_prefix /${pkgconfig_folder} /)
 configure_file(cmake/mcuservice.pc.in mcuservice.pc @ONLY)

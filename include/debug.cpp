@@ -11,8 +11,8 @@ constexpr char category[] = "default";
 
 qlonglong kernelThreadId() { return syscall(SYS_gettid); }
 
-// One line of the tracer. Its lines carry the shared header as their file, not this source: the
-// class is known to all components by that name.
+// One line of the tracer. Kept: its lines carry the shared header as their file, without ".h", for
+// all components know the class by that name.
 QDebug traceLine(const CallSite &site, const QString &name, int line)
 {
     return QMessageLogger("include/debug", site.line, site.function, category).debug()

@@ -1,6 +1,6 @@
 // The speaker and crossover members of mem::SettingsUtil: each builds its key, calls the store once
 // and, when asked to, announces the change.
-#include "speakersettings.h"
+#include "speakersettings_p.h"
 
 #include "settingsexe.h"
 #include "settingsutil.h"
@@ -16,12 +16,12 @@ QString filterKey(const char *key, int crossoverType)
 
 int read(SettingsUtil *util, const QString &key, int fallback)
 {
-    return util->getSaver()->getValue(key, speakerSettingsFile, fallback);
+    return util->getSaver()->getValue(key, mcu::speakerSettingsFile, fallback);
 }
 
 void write(SettingsUtil *util, const QString &key, const QVariant &value)
 {
-    util->getSaver()->setOtherPathValue(key, speakerSettingsFile, value, value, true);
+    util->getSaver()->setOtherPathValue(key, mcu::speakerSettingsFile, value, value, true);
 }
 
 } // namespace

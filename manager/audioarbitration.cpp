@@ -1,10 +1,10 @@
 // The tables of the audio arbitration.
-#include "audioarbitration.h"
+#include "audioarbitration_p.h"
 
 #include <algorithm>
 #include <array>
 
-namespace arbitration {
+namespace mcu::arbitration {
 
 namespace {
 
@@ -40,4 +40,4 @@ bool containsInterrupt(const QList<int> &activeEvents)
                        [&](int code) { return activeEvents.contains(code); });
 }
 
-} // namespace arbitration
+} // namespace mcu::arbitration

@@ -7,8 +7,8 @@
 //     restoring   given back; the records are kept until the restore timer ends
 #include "mcumanager.h"
 
-#include "audioarbitration.h"
-#include "callon.h"
+#include "audioarbitration_p.h"
+#include "callon_p.h"
 #include "debug.h"
 #include "mcuservice.h"
 
@@ -17,13 +17,15 @@
 using hxaudio::AudioService;
 using mcu::callOn;
 using mcu::McuService;
+namespace arbitration = mcu::arbitration;
 
 namespace {
 
-/// Type of the MCU mute that covers a switch of the main audio.
+/// Type of the MCU mute that covers a switch of the main audio. Kept: a manager over a service of
+/// one's own covers it through instance(), for the mute is that of the one MCU.
 constexpr int switchMute = 50;
 
-constexpr char duckMarker[] = "~~~~~~~~~~~~~~~~~~~~~~~";
+constexpr char duckMarker[] = "~~~~~~~~~~~~~~~~~~~~~~~"; ///< Kept: log filters know the text
 
 } // namespace
 
@@ -66,14 +68,15 @@ int McuManager::audioStatus()
 void McuManager::updateAudioStatus(McuManager::AudioStatus status)
 {
     const QMutexLocker lock(&m_mutex);
-    m_lastAudioStatus = status;
-    if (!m_service)
+    if (!m_service) {
+        m_lastAudioStatus = status;
         return;
+    }
     m_audioStatus = status;
 
-    AudioService *audio = AudioService::instance();
     switch (arbitration::groupOf(status)) {
-    case arbitration::StatusGroup::EventOn: // idle, recorded, restoring -> recorded
+    case arbitration::StatusGroup::EventOn: { // idle, recorded, restoring -> recorded
+        AudioService *audio = AudioService::instance();
         // What is recorded already stays: the first event of a run wins.
         if (m_restoreMuteOfEvtOff == arbitration::NothingRecorded) {
             const bool muted = audio->isMainAudioMute(audio->muteState());
@@ -95,6 +98,7 @@ void McuManager::updateAudioStatus(McuManager::AudioStatus status)
         // Queued, here and at the start: timers belong to the manager's thread.
         QMetaObject::invokeMethod(&m_dlyEndRestoreMuteTmr, "stop", Qt::QueuedConnection);
         break;
+    }
     case arbitration::StatusGroup::EventOff: // recorded -> waiting or restoring
         checkEventOffRestoreMute();
         break;
@@ -107,6 +111,7 @@ void McuManager::updateAudioStatus(McuManager::AudioStatus status)
 
     MCU_DEBUG << "**updateAudio****" << m_audioStatus;
     m_service->updateAudioStatus(m_audioStatus);
+    m_lastAudioStatus = status;
 }
 
 bool McuManager::isContainAudioInterrupt()
@@ -126,8 +131,8 @@ void McuManager::checkEventOffRestoreMute()
         return;
     }
 
-    // -> restoring. Both conditions on the attenuation are meant so: giving it back cancels the
-    // restore of the mute, and taking it off goes by the mute record.
+    // -> restoring. Kept: restoring attenuation cancels the mute restore, and taking attenuation
+    // off goes by the mute record; audio applications rely on both.
     MCU_DEBUG << m_atttoreMuteOfEvtOff;
     if (m_atttoreMuteOfEvtOff == arbitration::RestoreOn) {
         MCU_DEBUG << "restore att";

@@ -2,16 +2,18 @@
 // commands and queries that it hands to the facade.
 #include "mcumanager.h"
 
-#include "callon.h"
+#include "callon_p.h"
 #include "debug.h"
 #include "mcuservice.h"
-#include "mediarecords.h"
-#include "updatefiles.h"
+#include "mediarecords_p.h"
+#include "updatefiles_p.h"
 
 #include <QTime>
 
 using mcu::callOn;
 using mcu::McuService;
+namespace mediarecords = mcu::mediarecords;
+namespace updatefiles = mcu::updatefiles;
 
 namespace {
 
@@ -46,7 +48,7 @@ McuManager *McuManager::instance()
 
 McuManager::McuManager(McuService *service) : m_service(service)
 {
-    // The labels look crossed over; tools read the lines by them.
+    // Kept: the labels look crossed over, but tools read the lines by them.
     MCU_DEBUG << "Hardware Version:" << mcuUserVersion();
     MCU_DEBUG << "MCU Version:" << mcuTestVersion();
     requestRadioInitData();
@@ -65,13 +67,15 @@ McuManager::~McuManager() = default;
 
 void McuManager::connectRelays()
 {
+    // A blank in a signature costs Qt a second search.
+    // clang-format off
     const struct {
         const char *signal;
         const char *target;
     } relays[]{
         {SIGNAL(shallowSleep()), SIGNAL(shallowSleep())},
         {SIGNAL(sysBootState(int)), SIGNAL(sysBootState(int))},
-        {SIGNAL(wheelStudyState(int, int)), SIGNAL(studyState(int, int))},
+        {SIGNAL(wheelStudyState(int,int)), SIGNAL(studyState(int,int))},
         {SIGNAL(wheelStudyKeys(QString)), SIGNAL(studyKeys(QString))},
         {SIGNAL(usbPowerStatus(int)), SIGNAL(usbPwrState(int))},
         {SIGNAL(hideUsbOverPower()), SIGNAL(hideUsbOverPwr())},
@@ -79,11 +83,12 @@ void McuManager::connectRelays()
         {SIGNAL(reverseChanged(int)), SIGNAL(reverseChanged(int))},
         {SIGNAL(headlightChanged(int)), SIGNAL(headlightChanged(int))},
         {SIGNAL(extDeviceChanged(int)), SIGNAL(extDeviceChanged(int))},
-        {SIGNAL(audioVolumeChanged(int, int, int)), SLOT(onVolumeChanged(int, int, int))},
+        {SIGNAL(audioVolumeChanged(int,int,int)), SLOT(onVolumeChanged(int,int,int))},
         {SIGNAL(reset()), SIGNAL(factoryReset())},
         {SIGNAL(discChange()), SIGNAL(discChange())},
         {SIGNAL(autoTestStatusChanged(int)), SIGNAL(autoTestStatusChanged(int))},
     };
+    // clang-format on
     for (const auto &relay : relays)
         connect(m_service, relay.signal, this, relay.target);
 }
@@ -113,7 +118,7 @@ void McuManager::setWatchDogEnable(bool enable)
 
 void McuManager::onWatchdogTmrout()
 {
-    // For the debugger alone: when the MCU was last told.
+    // Kept: nothing reads it but the debugger, when the MCU was last told.
     static QTime lastKick;
     lastKick = QTime::currentTime();
     setWatchDogEnable(true);
@@ -125,6 +130,7 @@ QString McuManager::mcuTestVersion() { return callOn(m_service, &McuService::tes
 
 QString McuManager::mcuUserVersion() { return callOn(m_service, &McuService::user_version); }
 
+// Kept: the fixed text without a service; applications compare with it.
 QString McuManager::cpSerialNumber()
 {
     return m_service ? m_service->snIdName() : QStringLiteral("40527BKFM18264");
@@ -165,6 +171,7 @@ void McuManager::setVolume(int level) { callOn(m_service, &McuService::SetVolume
 
 void McuManager::setMute(bool mute) { callOn(m_service, &McuService::setMute, mute, 0); }
 
+// Kept: applications call it; it does nothing.
 void McuManager::setAudioMute(bool) {}
 
 void McuManager::setAudioMute(int mute, int type)
@@ -364,6 +371,8 @@ void McuManager::updateDeviceStatus(McuManager::DeviceType type, McuManager::Dev
 {
     callOn(m_service, &McuService::updateDeviceStatus, type, status);
 }
+
+// Kept: applications call the two; they do nothing.
 
 void McuManager::setNCMTestMode() {}
 

@@ -1,9 +1,9 @@
 // Types and bytes of the media and phone records.
-#include "mediarecords.h"
+#include "mediarecords_p.h"
 
 #include <QtEndian>
 
-namespace mediarecords {
+namespace mcu::mediarecords {
 
 namespace {
 
@@ -43,6 +43,7 @@ MediaRecord radioFrequency(int frequency)
 std::array<MediaRecord, 3> trackTexts(const QString &first, const QString &second,
                                       const QString &third)
 {
+    // Kept: the display takes them with falling codes.
     return {{{FirstTrackText, first.toUtf8()},
              {SecondTrackText, second.toUtf8()},
              {ThirdTrackText, third.toUtf8()}}};
@@ -63,4 +64,4 @@ MediaRecord callTime(int first, int second, int third)
     return {CallTime, lowBytes(first, second, third)};
 }
 
-} // namespace mediarecords
+} // namespace mcu::mediarecords

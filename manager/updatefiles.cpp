@@ -1,13 +1,13 @@
 // The two searches for update images. They differ in more than the number of mounts, and callers
 // rely on both.
-#include "updatefiles.h"
+#include "updatefiles_p.h"
 
 #include <QDir>
 
 #include <algorithm>
 #include <array>
 
-namespace updatefiles {
+namespace mcu::updatefiles {
 
 namespace {
 
@@ -54,14 +54,14 @@ QString pathOf(const QString &name, const QFileInfoList &files)
     return file == files.end() ? QString() : file->absoluteFilePath();
 }
 
-/// Path of the entry of exactly that name at the mount's top level; empty without one. What is no
-/// plain name would lead out of the mount or to the mount itself.
+/// Path of the entry of exactly that name, folders in it included, from the mount's top level on;
+/// empty without one and for a name that leads out of the mount.
 QString topLevelPath(const QFileInfo &mount, const QString &name)
 {
-    const bool isPlain = !name.isEmpty() && !name.contains('/') && name != QLatin1String(".") &&
-                         name != QLatin1String("..");
-    const QString path = mount.absoluteFilePath();
-    return isPlain && QDir(path).exists(name) ? path + '/' + name : QString();
+    const QDir top(mount.absoluteFilePath());
+    const QString entry = QDir::cleanPath(top.filePath(name)) + '/';
+    const bool isInside = QDir::isRelativePath(name) && entry.startsWith(top.path() + '/');
+    return isInside && !name.isEmpty() && top.exists(name) ? top.path() + '/' + name : QString();
 }
 
 } // namespace
@@ -147,4 +147,4 @@ QString findOnAllMounts(const QString &mediaRoot, const QString &folder, const Q
     return {};
 }
 
-} // namespace updatefiles
+} // namespace mcu::updatefiles

@@ -1,4 +1,5 @@
-// The radio applications' facade over the analogue tuner that the MCU drives.
+/// \file
+/// The radio applications' facade over the analogue tuner that the MCU drives.
 #pragma once
 
 #include "mcuserviceexport.h"
@@ -10,85 +11,133 @@ namespace mcu {
 
 class McuSrv;
 
-/// Tuner commands out, RDS and tuner notifications in; the one object of the process.
+/// Tuner commands to the MCU, RDS and tuner notifications from it; one object in the process.
 ///
-/// Keeps no radio state: every value passes straight through, in the units and codes of the MCU.
-/// Before setMcuSrv() commands do nothing and no notification arrives. Lives in the thread that
-/// first called instance(); a link that emits from its own thread is queued into it.
+/// Stores no radio state: every value passes through unchanged, in the units and codes of the MCU;
+/// texts are complete QStrings. Before setMcuSrv() commands do nothing, unless their comment says
+/// otherwise, and no notification arrives.
+///
+/// The object belongs to the thread that first calls instance(). Call all operations from this
+/// thread. Notifications that the link emits in another thread are queued to it.
 class MCUSERVICE_EXPORT McuRadioInterface : public QObject {
     Q_OBJECT
 
 public:
-    /// The object, built on first use and destroyed at process exit.
+    /// \name Life cycle
+    ///@{
+
+    /// The object: created on first use (thread-safe), destroyed at process exit, never null.
     static McuRadioInterface *instance();
-
+    /// An object without a link, for tests; applications use instance().
     McuRadioInterface();
+    /// Does not delete the link object, which belongs to its own library.
     ~McuRadioInterface() override;
-
-    /// Takes the link, which stays its owner's, and connects its notifications. Called once, by
+    /// Stores the link, which must not be null, and connects its notifications. Called once, by
     /// McuService::connectService().
     void setMcuSrv(McuSrv *link);
     /// Connects the link's ten tuner notifications; called by setMcuSrv() alone.
     void serviceConnectedSignals();
+    ///@}
 
 Q_SIGNALS:
-    /// A station was found and taken by the auto-store run.
+    /// \name Tuner and RDS signals
+    /// Each is emitted for every notification, changed or not.
+    ///@{
+
+    /// Frequency of a station that the auto-store run has taken. Other stations that the tuner
+    /// reports are only logged.
     void stationChanged(int freq);
-    /// Stereo reception or not.
+    /// Whether reception is stereo.
     void stereoChanged(bool);
-    /// Traffic programme flag.
+    /// Whether the station carries the traffic programme flag.
     void tpStateChanged(bool);
-    /// Programme service name.
+    /// Programme service name of the station.
     void psNameChanged(QString text);
-    /// Tuner state, also from the DAB tuner's work status.
+    /// Tuner work status; see onTunerStateChanged().
     void tunerStateChanged(int);
     /// Programme type of the station.
     void ptyTypeChanged(int type);
-    /// Result of a programme type search.
+    /// Result of searchPty().
     void ptySearchResult(int);
     /// RDS radio text.
     void radioTextUpdate(QString text);
-    /// A station of the auto-store run. The parameter names are crossed: the first argument is the
-    /// frequency, the second the field strength. Go by position.
+    /// A station that the auto-store run has found. Kept: the parameter names are swapped: the
+    /// first argument is the frequency, the second the field strength; applications rely on the
+    /// position.
     void asStationFound(int smeter, int freq);
     /// RDS alarm state.
     void alarmStatusChanged(int state);
-    /// News simulation switched.
+    /// The simulation of news was switched on (true) or off.
     void simulateNewsStatusChanged(bool state);
+    ///@}
 
 public Q_SLOTS:
-    // Commands to the tuner; without a link they do nothing. tune() and mute() then log an error.
-    void tune(int freq);
-    void mute(bool val);
-    void setRdsOnOff(bool state);
-    void seekForward();
-    void seekBackward();
-    void autoScan();
-    void terminate();
-    void searchPty(int type);
-    void dismissTaAlarm();
-    void setFMRange(int lowFreq, int highFreq, int step);
-    void setAMRange(int lowFreq, int highFreq, int step);
-    void setTaOnOff(bool onoff);
-    void setAfOnOff(bool onoff);
-    void setCtOnOff(bool onoff);
-    void set_tuner_step(int step);
+    /// \name Commands to the tuner
+    ///@{
 
-    // Targets of the link's notifications. onTunerStateChanged() is called by the facade with the
-    // DAB work status, onSimulateNewsState() by whoever simulates news.
+    /// Tunes to a frequency. Without a link, logs an error.
+    void tune(int freq);
+    /// Mutes (true) or unmutes the tuner. Without a link, logs an error. Kept: the error has the
+    /// text of tune(); log filters match both by it.
+    void mute(bool val);
+    /// RDS on or off.
+    void setRdsOnOff(bool state);
+    /// Seeks the next station forward.
+    void seekForward();
+    /// Seeks the next station backward.
+    void seekBackward();
+    /// Starts an automatic scan.
+    void autoScan();
+    /// Sends the terminate command of the tuner.
+    void terminate();
+    /// Searches a station of a programme type; ptySearchResult() reports the result.
+    void searchPty(int type);
+    /// Dismisses the alarm of a traffic announcement.
+    void dismissTaAlarm();
+    /// Lowest and highest frequency and step of FM.
+    void setFMRange(int lowFreq, int highFreq, int step);
+    /// Lowest and highest frequency and step of AM.
+    void setAMRange(int lowFreq, int highFreq, int step);
+    /// Traffic announcements on or off.
+    void setTaOnOff(bool onoff);
+    /// Alternative frequencies on or off.
+    void setAfOnOff(bool onoff);
+    /// RDS clock time on or off.
+    void setCtOnOff(bool onoff);
+    /// Frequency step of the tuner.
+    void set_tuner_step(int step);
+    ///@}
+
+    /// \name Targets of the link's notifications
+    /// For the link alone, unless a line says otherwise: applications connect to the signals that
+    /// they emit. All but onAsStationChanged() log their values.
+    ///@{
+
+    /// Emits psNameChanged().
     void onPsNameNotify(QString text);
-    /// Logged only: stationChanged() comes from the auto-store run alone.
+    /// Kept: logs and emits nothing; applications take stations from stationChanged().
     void onTunerStationNotify(int freq);
+    /// Emits ptyTypeChanged().
     void onTunerPtyTypeNotify(int type);
+    /// Emits alarmStatusChanged().
     void onAlarmState(int state);
+    /// Emits ptySearchResult().
     void onTunerPtySearchResultNotify(int ret);
+    /// Emits radioTextUpdate().
     void onTunerRadioTextNotify(QString text);
+    /// Emits stereoChanged(), true for any value but 0.
     void onTunerStereoNotify(int stereo);
+    /// Emits tpStateChanged(), true for any value but 0.
     void onTunerTPStateNotify(int state);
+    /// Emits stationChanged().
     void onAsStationChanged(int freq);
+    /// Emits asStationFound() with the arguments in this order.
     void onAsStationFound(int freq, int smeter);
+    /// Emits tunerStateChanged(). Called by McuService::onDabWorkStatus() with the work status.
     void onTunerStateChanged(int state);
+    /// Emits simulateNewsStatusChanged(). For components that simulate news.
     void onSimulateNewsState(bool state);
+    ///@}
 
 private:
     McuSrv *m_link = nullptr; ///< not owned

@@ -50,5 +50,5 @@ QString radioStringConnver::convertFromEBU(const char *data, int len)
             *end++ = QChar(character);
     }
     text.truncate(int(end - text.constData()));
-    return text;
+    return text.isEmpty() ? QString() : text;
 }

@@ -1,12 +1,12 @@
 // Commands out: what applications tell the MCU. A command is one line that hands its arguments to
 // the link; those with a rule of their own have a body.
 //
-// setMixChannel(), setSleepMode() and setSerialNumer() do not test the link: the amplifier, the
-// sleep and the identity of the unit hang on them, so one that comes too early must not get lost in
-// silence.
+// Kept: setMixChannel(), setSleepMode() and setSerialNumer() do not test the link. The amplifier,
+// the sleep and the identity of the unit depend on them, so calling one before init() is a
+// programming error that must show.
 #include "mcuservice.h"
 
-#include "callon.h"
+#include "callon_p.h"
 #include "debug.h"
 
 #include "mcusrv.h"
@@ -23,6 +23,8 @@ void McuService::volumePlus() { callOn(m_link, &McuSrv::volumePlus); }
 void McuService::volumeMinus() { callOn(m_link, &McuSrv::volumeMinus); }
 
 void McuService::SetVolume(int level) { callOn(m_link, &McuSrv::SetVolume, level); }
+
+// Kept: the three mute commands log twice, when asked and when sent; log filters pair the lines.
 
 void McuService::setMute(bool mute, int type)
 {
@@ -53,6 +55,7 @@ void McuService::setAudioMute2(int mute, int type, int flag)
 
 void McuService::setMuteLevel(int level)
 {
+    // Kept: one level for the process, whichever object applications call; a first 255 is not sent.
     static int lastSent = 0xff;
     if (level == lastSent || !m_link)
         return;
@@ -108,7 +111,7 @@ void McuService::updateCPAAStatus(int status) { callOn(m_link, &McuSrv::updateCP
 void McuService::setMixChannel(unsigned char channels, unsigned char on)
 {
     MCU_DEBUG << QStringLiteral("%1").arg(channels, 8, 2, QLatin1Char('0')) << on;
-    m_link->setMixChannel(channels, on); // untested, see above
+    m_link->setMixChannel(channels, on); // no null check, see above
 }
 
 void McuService::setAudioMode(int mode) { callOn(m_link, &McuSrv::setAudioMode, mode); }
@@ -120,6 +123,7 @@ void McuService::setAudioTimerDelay(int type, int *delays)
     m_link->setAudioTimerDelay(type, delays[0], delays[1], delays[2], delays[3], delays[4]);
 }
 
+// Kept: the capital B here, the small one on the link; both names are given.
 void McuService::set_UICMD_AUDIO_PlayBack_Comleted(int value)
 {
     callOn(m_link, &McuSrv::set_UICMD_AUDIO_Playback_Comleted, value);
@@ -130,6 +134,7 @@ void McuService::setNativeMusicMode(int mode)
     callOn(m_link, &McuSrv::set_UICMD_Native_Music_Mode, mode);
 }
 
+// Kept: applications use either name.
 void McuService::set_UICMD_Native_Music_Mode(int mode) { setNativeMusicMode(mode); }
 
 void McuService::set_UICMD_Sleep_All_Mute(int on)
@@ -161,7 +166,7 @@ void McuService::setCustomEQValue(int band, int level)
 
 void McuService::setBalanceFader(int balance, int fader)
 {
-    // The MCU counts both from 0. Added without overflow for any value.
+    // Kept: the MCU counts both from 0. Added without overflow for any value.
     constexpr unsigned middle = 25;
     callOn(m_link, &McuSrv::setBalanceFader, int(unsigned(balance) + middle),
            int(unsigned(fader) + middle));
@@ -187,7 +192,7 @@ void McuService::setHPFValue(int position, int freq, int slope)
 
 void McuService::setLPFValue(int freq, int slope)
 {
-    MCU_DEBUG << "====" << freq << slope;
+    MCU_DEBUG << "====" << freq << slope; // Kept: log filters know the text
     callOn(m_link, &McuSrv::setLPFValue, freq, slope);
 }
 
@@ -222,7 +227,7 @@ void McuService::triggerBeep(int)
 {
     if (m_beepGuard.isActive())
         return;
-    // The MCU knows one beep.
+    // Kept: always 0, whatever the type; the MCU knows one beep.
     callOn(m_link, &McuSrv::triggerBeep, 0);
     if (m_beepGuard.interval() > 0)
         m_beepGuard.start();
@@ -274,6 +279,8 @@ void McuService::steeringWheelStudyKey(int key)
 
 void McuService::steeringWheelDopState(bool on) { callOn(m_link, &McuSrv::setWheelDopState, on); }
 
+// Kept: the link spells these two with the letters the other way round.
+
 void McuService::steeringWheeldopReset() { callOn(m_link, &McuSrv::steeringWheedoplReset); }
 
 void McuService::steeringWheeldopClear() { callOn(m_link, &McuSrv::steeringWheedoplClear); }
@@ -304,7 +311,7 @@ void McuService::updateKeyRotary(int value) { callOn(m_link, &McuSrv::updateKeyR
 
 // System and power
 
-void McuService::setSleepMode(int mode) { m_link->setSleepMode(mode); } // untested, see above
+void McuService::setSleepMode(int mode) { m_link->setSleepMode(mode); } // see above
 
 void McuService::setPowerOff(bool on) { callOn(m_link, &McuSrv::setPowerOff, int(on)); }
 
@@ -424,7 +431,7 @@ void McuService::setSocVer(QString version1, QString version2)
 
 void McuService::setSerialNumer(const QString &serial)
 {
-    m_link->setSerialNumer(serial); // untested, see above
+    m_link->setSerialNumer(serial); // see above
 }
 
 void McuService::setUpgradeState(int state) { callOn(m_link, &McuSrv::setUpgradeState, state); }

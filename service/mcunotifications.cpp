@@ -2,12 +2,10 @@
 // applications.
 #include "mcuservice.h"
 
-#include "autotesthandler.h"
 #include "debug.h"
+#include "factorytest_p.h"
 #include "mcuradiointerface.h"
 #include "mcuservice_p.h"
-
-#include "eventhandler.h"
 
 namespace mcu {
 
@@ -57,15 +55,15 @@ void McuService::onDabWorkStatus(int status)
 {
     McuRadioInterface::instance()->onTunerStateChanged(status);
     m_data->tunerWorkStatus = status;
-    // 0 gives the pair 0 then 1: listeners take the last value.
+    // Kept: 0 gives the pair 0 then 1, and listeners take the last value.
     if (status == 0)
         Q_EMIT radioStatusChanged(0);
     Q_EMIT radioStatusChanged(1);
 }
 
-bool McuService::radioIsIdle() const
+bool McuService::radioIsIdle()
 {
-    // The tuner reports a working state as non-zero; the name stays for its callers.
+    // Kept: true while the tuner works, whatever the name says; callers know it so.
     return m_data->tunerWorkStatus != 0;
 }
 
@@ -96,25 +94,13 @@ void McuService::setGpsAntAttach() { m_data->gpsAntenna = antennaConnected; }
 
 void McuService::setGpsAntShort() { onGpsAntennaChanged(antennaAbnormal); }
 
-bool McuService::gpsAntennaIsConnected() const
-{
-    return (m_data->gpsAntenna & antennaConnected) != 0;
-}
+bool McuService::gpsAntennaIsConnected() { return (m_data->gpsAntenna & antennaConnected) != 0; }
 
-bool McuService::gpsAntennaIsAbnormal() const
-{
-    return (m_data->gpsAntenna & antennaAbnormal) != 0;
-}
+bool McuService::gpsAntennaIsAbnormal() { return (m_data->gpsAntenna & antennaAbnormal) != 0; }
 
-bool McuService::dabAntennaIsConnected() const
-{
-    return (m_data->dabAntenna & antennaConnected) != 0;
-}
+bool McuService::dabAntennaIsConnected() { return (m_data->dabAntenna & antennaConnected) != 0; }
 
-bool McuService::dabAntennaIsAbnormal() const
-{
-    return (m_data->dabAntenna & antennaAbnormal) != 0;
-}
+bool McuService::dabAntennaIsAbnormal() { return (m_data->dabAntenna & antennaAbnormal) != 0; }
 
 // Factory test
 
@@ -139,18 +125,7 @@ void McuService::notifyAutoTestStatus(int status)
     if (status == m_data->autoTestStatus)
         return;
     m_data->autoTestStatus = status;
-    AutoTestHandler *handler = AutoTestHandler::instance();
-    if (status != 0) {
-        handler->start();
-        connect(this, SIGNAL(keyEvent(int, int)), handler, SLOT(onKeyHandle(int, int)));
-        connect(EventHandler::instance(), SIGNAL(keyEventForAutotest(int, int, int)), handler,
-                SLOT(onHuKeyHandle(int, int, int)));
-    } else {
-        // The dispatcher's keys stay connected: they reach the handler after the mode has ended
-        // too, and each further entry into it adds one more connection.
-        handler->stop();
-        disconnect(this, SIGNAL(keyEvent(int, int)), handler, SLOT(onKeyHandle(int, int)));
-    }
+    switchFactoryTest(this, status != 0);
     Q_EMIT autoTestStatusChanged(status);
 }
 

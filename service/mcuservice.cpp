@@ -8,129 +8,108 @@
 
 #include "mcusrv.h"
 
-#include <array>
+#include <QHash>
+#include <QMetaMethod>
+#include <QStringBuilder>
 
 namespace mcu {
 
 namespace {
 
-/// The argument list of a report with so many ints, "int,int,...", put together by the compiler. In
-/// this normalised form, without blanks, a connection takes Qt's fast path.
-template <std::size_t Count>
-struct IntList {
-    static constexpr std::size_t width = sizeof("int,") - 1;
-    std::array<char, Count * width> text{};
-
-    constexpr IntList()
-    {
-        constexpr char item[] = "int,";
-        for (std::size_t i = 0; i < text.size(); ++i)
-            text[i] = item[i % width];
-        text.back() = '\0';
-    }
-};
-
-template <std::size_t Count>
-constexpr IntList<Count> intList;
-
-template <std::size_t Count>
-constexpr const char *ints = intList<Count>.text.data();
-
-constexpr char none[] = "";
-constexpr char text[] = "QString";
-constexpr char texts[] = "QString,QString";
-constexpr char bytes[] = "QByteArray";
-
-// How the moc marks signals and slots in the text form of a connection.
-enum class Target : char { Relay = '0' + QSIGNAL_CODE, Slot = '0' + QSLOT_CODE };
-
-/// A connection from the link to the facade; both ends take the same arguments.
+/// A connection from a signal of the link to a method of the facade with the same arguments: a
+/// signal, which relays it, or a slot. No target is overloaded.
 struct Wire {
     const char *linkSignal;
-    Target kind;
     const char *target;
-    const char *arguments;
 };
 
 constexpr Wire wiring[]{
-    {"shallowSleepSgl", Target::Relay, "shallowSleep", none},
-    {"mcuVersionSgl", Target::Slot, "onMcuVersion", texts},
-    {"mcuNeedRenewSgl", Target::Relay, "mcuNeedRenew", none},
-    {"factoryResetSgl", Target::Relay, "reset", none},
-    {"ampOverloadStuChangedSgl", Target::Relay, "ampOverloadStuChanged", ints<1>},
-    {"selTrackNumSgl", Target::Relay, "selTrackNum", ints<1>},
-    {"eqTypeChangedSgl", Target::Relay, "eqTypeChanged", ints<1>},
-    {"sourceChangedSgl", Target::Relay, "sourceChanged", ints<1>},
-    {"systemSnidChanged", Target::Slot, "onSystemSnidChanged", text},
-    {"wheelStudyStateSgl", Target::Relay, "wheelStudyState", ints<2>},
-    {"wheelStudyKeysSgl", Target::Relay, "wheelStudyKeys", text},
-    {"requestActionSgl", Target::Relay, "requestAction", ints<1>},
-    {"sysBootStateSgl", Target::Relay, "sysBootState", ints<1>},
-    {"radioStatusChangedSgl", Target::Relay, "radioStatusChanged", ints<1>},
-    {"radioCurrChInfoChangedSgl", Target::Relay, "radioCurrChInfoChanged", ints<3>},
-    {"radioScanChInfoChangedSgl", Target::Relay, "radioScanChInfoChanged", ints<3>},
-    {"datetimeInfoSgl", Target::Slot, "onDatetimeSync", ints<6>},
-    {"taillineStateSgl", Target::Slot, "onTaillineState", ints<5>},
-    {"requestAppVerSgl", Target::Slot, "onRequestAppVer", ints<1>},
-    {"setupInfo1StateSgl", Target::Slot, "onSetupInfo1State", ints<24>},
-    {"setupInfoStateSgl", Target::Slot, "onSetupInfoState", ints<30>},
-    {"usbPowerStatusSgl", Target::Slot, "onUsbPowerStatus", ints<1>},
-    {"keyEventSgl", Target::Slot, "onKeyEvent", ints<2>},
-    {"syncDestCodeSgl", Target::Slot, "onSetDest", ints<2>},
-    {"reportAcChangedSgl", Target::Slot, "onReportAcChanged", ints<15>},
-    {"reportAVMChangedSgl", Target::Slot, "onReportAVMChanged", ints<6>},
-    {"reportVehicleSpeedChangedSgl", Target::Slot, "onReportVehicleSpeedChanged", ints<4>},
-    {"reportSteeringAngleChangedSgl", Target::Slot, "onReportSteeringAngleChanged", ints<4>},
-    {"reportFeatureCodeChangedSgl", Target::Slot, "onReportFeatureCodeChanged", ints<5>},
-    {"reportFeatureVelroCodeChangedSgl", Target::Slot, "onReportFeatureVelroCodeChanged", bytes},
-    {"reportHuChangedSgl", Target::Slot, "onReportHuChanged", ints<12>},
-    {"reportAmbChangedSgl", Target::Slot, "onReportAmbChanged", ints<6>},
-    {"reportPdcChangedSgl", Target::Slot, "onReportPdcChanged", ints<11>},
-    {"reportTpmsChangedSgl", Target::Slot, "onReportTpmsChanged", ints<18>},
-    {"reportVehicleBodyChangedSgl", Target::Slot, "onReportVehicleBodyChanged", ints<8>},
-    {"reportMeterSettingChangedSgl", Target::Slot, "onReportMeterSettingChanged", ints<8>},
-    {"reportVehicleFaultChangedSgl", Target::Slot, "onReportVehicleFaultChanged", ints<8>},
-    {"ampStatusChangedSgl", Target::Slot, "onAmpStatusChanged", ints<9>},
-    {"avmCalibrationCmdChangedSgl", Target::Slot, "onAvmCalibrationCmdChanged", ints<4>},
-    {"setAmpEditionSgl", Target::Slot, "onSetAmpEdition", texts},
-    {"setEcuEditionSgl", Target::Slot, "onsetEcuEdition", texts},
-    {"reportTruckTpmsLearnChangedSgl", Target::Slot, "onReportTruckTpmsLearnChanged", ints<11>},
-    {"reportTruckDmsChangedSgl", Target::Slot, "onReportTruckDmsChanged", ints<7>},
-    {"reportTruckRsr1ChangedSgl", Target::Slot, "onReportTruckRsr1Changed", ints<11>},
-    {"reportTruckSecurityChangedSgl", Target::Slot, "onReportTruckSecurityChanged", ints<15>},
-    {"reportTruckVehicleHealthChangedSgl", Target::Slot, "onReportTruckVehicleHealthChanged",
-     ints<13>},
-    {"reportTruckRpasChangedSgl", Target::Slot, "onReportTruckRpasChanged", ints<11>},
-    {"reportTruckTpmsThresholdChangedSgl", Target::Slot, "onReportTruckTpmsThresholdChanged",
-     ints<17>},
-    {"reportTruckTpmsCtiChangedSgl", Target::Slot, "onReportTruckTpmsCtiChanged", ints<17>},
-    {"reportDtcFlagChangedSgl", Target::Slot, "onReportDtcFlagChanged", ints<4>},
-    {"reportTruckTpmsTemperatureChangedSgl", Target::Slot, "onReportTruckTpmsTemperatureChanged",
-     ints<17>},
-    {"reportTruckTpmsPressureChangedSgl", Target::Slot, "onReportTruckTpmsPressureChanged",
-     ints<17>},
-    {"reportTruckVehicleAlertsChangedSgl", Target::Slot, "onReportTruckVehicleAlertsChanged",
-     ints<7>},
-    {"reportTruckPerformanceParametersChangedSgl", Target::Slot,
-     "onReportTruckPerformanceParametersChanged", ints<14>},
-    {"reportTruckVehicleParametersChanged", Target::Slot, "onReportTruckVehicleParametersChanged",
-     ints<12>},
-    {"audioVolumeSgl", Target::Slot, "onAudioVolume", ints<3>},
-    {"volumeTurnSgl", Target::Slot, "onVolumeTurn", ints<1>},
-    {"tunerWorkStatusSgl", Target::Slot, "onDabWorkStatus", ints<1>},
-    {"autoTestPkgChanged", Target::Slot, "onAutoTestPkgChanged", bytes},
-    {"autoTestStatusChanged", Target::Slot, "onAutoTestStatusChanged", ints<1>},
-    {"serialNumberChanged", Target::Slot, "onSerialNumberChanged", text},
-    {"stwAdcStatusChanged", Target::Slot, "onStwAdcStatusChanged", none},
-    {"stwAdcValue", Target::Slot, "onStwAdcValueChanged", ints<1>},
-    {"stwCarTypeChanged", Target::Slot, "onStwCarTypeChanged", ints<1>},
-    {"gpsAntennaChanged", Target::Slot, "onGpsAntennaChanged", ints<1>},
-    {"dabAntennaChanged", Target::Slot, "onDabAntennaChanged", ints<1>},
+    {"shallowSleepSgl", "shallowSleep"},
+    {"mcuVersionSgl", "onMcuVersion"},
+    {"mcuNeedRenewSgl", "mcuNeedRenew"},
+    {"factoryResetSgl", "reset"},
+    {"ampOverloadStuChangedSgl", "ampOverloadStuChanged"},
+    {"selTrackNumSgl", "selTrackNum"},
+    {"eqTypeChangedSgl", "eqTypeChanged"},
+    {"sourceChangedSgl", "sourceChanged"},
+    {"systemSnidChanged", "onSystemSnidChanged"},
+    {"wheelStudyStateSgl", "wheelStudyState"},
+    {"wheelStudyKeysSgl", "wheelStudyKeys"},
+    {"requestActionSgl", "requestAction"},
+    {"sysBootStateSgl", "sysBootState"},
+    {"radioStatusChangedSgl", "radioStatusChanged"},
+    {"radioCurrChInfoChangedSgl", "radioCurrChInfoChanged"},
+    {"radioScanChInfoChangedSgl", "radioScanChInfoChanged"},
+    {"datetimeInfoSgl", "onDatetimeSync"},
+    {"taillineStateSgl", "onTaillineState"},
+    {"requestAppVerSgl", "onRequestAppVer"},
+    {"setupInfo1StateSgl", "onSetupInfo1State"},
+    {"setupInfoStateSgl", "onSetupInfoState"},
+    {"usbPowerStatusSgl", "onUsbPowerStatus"},
+    {"keyEventSgl", "onKeyEvent"},
+    {"syncDestCodeSgl", "onSetDest"},
+    {"reportAcChangedSgl", "onReportAcChanged"},
+    {"reportAVMChangedSgl", "onReportAVMChanged"},
+    {"reportVehicleSpeedChangedSgl", "onReportVehicleSpeedChanged"},
+    {"reportSteeringAngleChangedSgl", "onReportSteeringAngleChanged"},
+    {"reportFeatureCodeChangedSgl", "onReportFeatureCodeChanged"},
+    {"reportFeatureVelroCodeChangedSgl", "onReportFeatureVelroCodeChanged"},
+    {"reportHuChangedSgl", "onReportHuChanged"},
+    {"reportAmbChangedSgl", "onReportAmbChanged"},
+    {"reportPdcChangedSgl", "onReportPdcChanged"},
+    {"reportTpmsChangedSgl", "onReportTpmsChanged"},
+    {"reportVehicleBodyChangedSgl", "onReportVehicleBodyChanged"},
+    {"reportMeterSettingChangedSgl", "onReportMeterSettingChanged"},
+    {"reportVehicleFaultChangedSgl", "onReportVehicleFaultChanged"},
+    {"ampStatusChangedSgl", "onAmpStatusChanged"},
+    {"avmCalibrationCmdChangedSgl", "onAvmCalibrationCmdChanged"},
+    {"setAmpEditionSgl", "onSetAmpEdition"},
+    {"setEcuEditionSgl", "onsetEcuEdition"},
+    {"reportTruckTpmsLearnChangedSgl", "onReportTruckTpmsLearnChanged"},
+    {"reportTruckDmsChangedSgl", "onReportTruckDmsChanged"},
+    {"reportTruckRsr1ChangedSgl", "onReportTruckRsr1Changed"},
+    {"reportTruckSecurityChangedSgl", "onReportTruckSecurityChanged"},
+    {"reportTruckVehicleHealthChangedSgl", "onReportTruckVehicleHealthChanged"},
+    {"reportTruckRpasChangedSgl", "onReportTruckRpasChanged"},
+    {"reportTruckTpmsThresholdChangedSgl", "onReportTruckTpmsThresholdChanged"},
+    {"reportTruckTpmsCtiChangedSgl", "onReportTruckTpmsCtiChanged"},
+    {"reportDtcFlagChangedSgl", "onReportDtcFlagChanged"},
+    {"reportTruckTpmsTemperatureChangedSgl", "onReportTruckTpmsTemperatureChanged"},
+    {"reportTruckTpmsPressureChangedSgl", "onReportTruckTpmsPressureChanged"},
+    {"reportTruckVehicleAlertsChangedSgl", "onReportTruckVehicleAlertsChanged"},
+    {"reportTruckPerformanceParametersChangedSgl", "onReportTruckPerformanceParametersChanged"},
+    // Kept: the link declares this one signal without "Sgl".
+    {"reportTruckVehicleParametersChanged", "onReportTruckVehicleParametersChanged"},
+    {"audioVolumeSgl", "onAudioVolume"},
+    {"volumeTurnSgl", "onVolumeTurn"},
+    {"tunerWorkStatusSgl", "onDabWorkStatus"},
+    {"autoTestPkgChanged", "onAutoTestPkgChanged"},
+    {"autoTestStatusChanged", "onAutoTestStatusChanged"},
+    {"serialNumberChanged", "onSerialNumberChanged"},
+    {"stwAdcStatusChanged", "onStwAdcStatusChanged"},
+    {"stwAdcValue", "onStwAdcValueChanged"},
+    {"stwCarTypeChanged", "onStwCarTypeChanged"},
+    {"gpsAntennaChanged", "onGpsAntennaChanged"},
+    {"dabAntennaChanged", "onDabAntennaChanged"},
 };
 
-QByteArray signature(Target kind, const char *name, const char *arguments)
+// How SIGNAL() and SLOT() mark a method.
+constexpr char signalCode = '0' + QSIGNAL_CODE;
+constexpr char slotCode = '0' + QSLOT_CODE;
+
+/// The parameter types of a method, "(int,int)". Without blanks a connection takes Qt's fast path.
+QByteArray argumentList(const QMetaMethod &method)
 {
-    return char(kind) + QByteArray(name) + '(' + arguments + ')';
+    QByteArray list;
+    list.reserve(128);
+    list += '(';
+    for (int i = 0; i < method.parameterCount(); ++i) {
+        if (i > 0)
+            list += ',';
+        list += QMetaType::typeName(method.parameterType(i));
+    }
+    list += ')';
+    return list;
 }
 
 } // namespace
@@ -151,9 +130,9 @@ McuService::~McuService() = default;
 
 bool McuService::init()
 {
-    // Log filters know this line by a signature without the result.
+    // Kept: log filters know this line by a signature without the result.
     if (isDebugLogged())
-        debugLine(callSite(__FILE__, __LINE__, "void mcu::McuService::init()"));
+        debugLine({__FILE__, __LINE__, "void mcu::McuService::init()"});
     return connectService();
 }
 
@@ -174,9 +153,19 @@ bool McuService::connectService()
 
 void McuService::serviceConnectedSignals()
 {
+    QHash<QByteArray, QMetaMethod> methods;
+    for (int i = staticMetaObject.methodOffset(); i < staticMetaObject.methodCount(); ++i) {
+        const QMetaMethod method = staticMetaObject.method(i);
+        methods.insert(method.name(), method);
+    }
+
     for (const Wire &wire : wiring) {
-        connect(m_link, signature(Target::Relay, wire.linkSignal, wire.arguments), this,
-                signature(wire.kind, wire.target, wire.arguments));
+        const QMetaMethod target = methods.value(wire.target);
+        const bool relay = target.methodType() == QMetaMethod::Signal;
+        const QByteArray arguments = argumentList(target);
+        const QByteArray signal = signalCode % (wire.linkSignal % arguments);
+        const QByteArray member = (relay ? signalCode : slotCode) % (wire.target % arguments);
+        connect(m_link, signal, this, member);
     }
 }
 

@@ -3,9 +3,9 @@
 #pragma once
 
 #include "debug.h"
-#include "qxprivate.h"
+#include "qxprivate_p.h"
 #include "setupinfo.h"
-#include "vehiclerecords.h"
+#include "vehiclerecords_p.h"
 
 #include <QByteArray>
 #include <QString>
@@ -47,59 +47,54 @@ public:
     SetupInfo setupInfo;
     SetupInfo1 setupInfo1;
 
-    // Vehicle reports: which have been emitted, and the last of each.
+    // Vehicle reports: the last of each, and which have been emitted.
+    VehicleRecords records;
     quint32 carReadiness = 0;
     quint32 truckReadiness = 0;
     bool canDataReady = false;
-    Record<record::ac> ac;
-    Record<record::avm> avm;
-    Record<record::vehicleSpeed> vehicleSpeed;
-    Record<record::steeringAngle> steeringAngle;
-    Record<record::featureCode> featureCode;
-    Record<record::hu> hu;
-    Record<record::amb> amb;
-    Record<record::pdc> pdc;
-    Record<record::tpms> tpms;
-    Record<record::vehicleBody> vehicleBody;
-    Record<record::meterSetting> meterSetting;
-    Record<record::vehicleFault> vehicleFault;
-    Record<record::ampStatus> ampStatus;
-    Record<record::avmCalibrationCommand> avmCalibrationCommand;
-    Record<record::dtcFlag> dtcFlag;
-    Record<record::truckTpmsLearn> truckTpmsLearn;
-    Record<record::truckDms> truckDms;
-    Record<record::truckRsr1> truckRsr1;
-    Record<record::truckSecurity> truckSecurity;
-    Record<record::truckVehicleHealth> truckVehicleHealth;
-    Record<record::truckRpas> truckRpas;
-    Record<record::truckTpmsThreshold> truckTpmsThreshold;
-    Record<record::truckTpmsCti> truckTpmsCti;
-    Record<record::truckTpmsTemperature> truckTpmsTemperature;
-    Record<record::truckTpmsPressure> truckTpmsPressure;
-    Record<record::truckVehicleAlerts> truckVehicleAlerts;
-    Record<record::truckPerformanceParameters> truckPerformanceParameters;
-    Record<record::truckVehicleParameters> truckVehicleParameters;
     QByteArray featureCodePackage;
 
-    // Ticks of the CAN check timer until a held-back report is emitted again. Nothing arms the AC
-    // counter: its place in the walk is kept for the day a climate rate limit comes back.
+    // Ticks of the CAN check timer until a held-back report is emitted again.
     qint8 acDelay = 0;
     qint8 vehicleFaultDelay = 0;
     qint8 huDelay = 0;
     QTimer canCheckTimer;
 
-    /// Whether a rate-limited report must be held back (1) or may be emitted now (0), and starts
-    /// its hold period. Each vehicle fault restarts a hold of 6 ticks; an HU report starts one of 4
-    /// and does not extend it. Commands that are not rate-limited give 0.
+    /// Whether a rate-limited report must be held back (1) or may be emitted now (0); starts its
+    /// hold period. Commands that are not rate-limited give 0.
     int checkCmdUpdateToApp(int cmd);
-
-    /// The one way of a stored record to applications: rate limit, dump line, signal, readiness.
-    /// The log line names the report's own slot, whose place is passed along.
+    /// A copy of the record last stored.
     template <const RecordDescription &Description>
-    void publish(const Record<Description> &record, void (McuService::*updated)(QByteArray),
-                 const CallSite &slot);
+    QByteArray image()
+    {
+        return records.of<Description>().bytes();
+    }
+    /// Stores a report, one value for each field, and publishes the record: rate limit, dump line,
+    /// signal, readiness. The log line names the report's own slot.
+    template <const RecordDescription &Description, typename... Values>
+    void publish(const CallSite &slot, Values... values);
+
+private:
     /// Notes that a report has been emitted; the one that completes a set tells applications.
     void markReady(const Readiness &readiness);
 };
+
+template <const RecordDescription &Description, typename... Values>
+void McuServicePrivate::publish(const CallSite &slot, Values... values)
+{
+    records.of<Description>().store(values...);
+    if constexpr (Description.hold.command != 0) {
+        if (checkCmdUpdateToApp(Description.hold.command))
+            return;
+    }
+    if constexpr (Description.dumpTag != nullptr) {
+        if (isDebugLogged())
+            debugLine(slot) << Description.dumpTag << image<Description>().toHex();
+    }
+    McuService *service = owner; // GCC 12's sanitizer leaves a member unread in this kind of call
+    Q_EMIT(service->*Description.signal)(image<Description>());
+    if constexpr (Description.readiness.set != Readiness::Set::None)
+        markReady(Description.readiness);
+}
 
 } // namespace mcu

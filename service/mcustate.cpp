@@ -2,7 +2,7 @@
 // from what is kept, a few by asking the link.
 #include "mcuservice.h"
 
-#include "callon.h"
+#include "callon_p.h"
 #include "debug.h"
 #include "mcuservice_p.h"
 #include "mcuvechiclebridge.h"
@@ -36,7 +36,7 @@ void McuService::onKeyEvent(int key, int state)
 {
     if (m_data->usbOverCurrent)
         Q_EMIT hideUsbOverPower();
-    MCU_DEBUG << "--------------------------------------" << key;
+    MCU_DEBUG << "--------------------------------------" << key; // Kept: log filters know the text
     Q_EMIT keyEvent(key, state);
     if (state != 0)
         Q_EMIT keyReleased(key);
@@ -56,14 +56,15 @@ void McuService::onAudioVolume(int muteState, int level, int type)
     notifyAttState(muteState);
     if (m_data->usbOverCurrent)
         Q_EMIT hideUsbOverPower();
+    // Kept: both forms, applications connect to either.
     Q_EMIT audioVolumeChanged(muteState, level, type);
     Q_EMIT audioVolumeChanged(muteState == 1, level, type);
 }
 
 void McuService::onUsbPowerStatus(int status)
 {
-    // Any report of this kind means that the warning shows; nothing takes the flag back, so every
-    // later user action closes the warning.
+    // Kept: set whatever the status and never cleared. Any report of this kind means that the
+    // warning shows, and the screens count on every later user action to close it.
     m_data->usbOverCurrent = true;
     Q_EMIT usbPowerStatus(status);
 }
@@ -175,30 +176,31 @@ void McuService::onStwAdcValueChanged(int value)
     Q_EMIT stwAdcValueChanged(value);
 }
 
-// The car type travels only towards the MCU; its report is accepted and dropped.
+// Kept: the MCU sends the report, but the car type travels only towards it.
 void McuService::onStwCarTypeChanged(int) {}
 
 // Queries and small setters
 
-bool McuService::isUsbOverCurrent() const { return m_data->usbOverCurrent; }
+bool McuService::isUsbOverCurrent() { return m_data->usbOverCurrent; }
 
-QString McuService::snIdName() const { return m_data->snIdName; }
+QString McuService::snIdName() { return m_data->snIdName; }
 
-int McuService::snIdChecksum() const { return m_data->snIdChecksum; }
+// Kept: applications ask, nothing reports it.
+int McuService::snIdChecksum() { return m_data->snIdChecksum; }
 
-bool McuService::getNeedSyncTimeState() const { return m_data->needSyncTime; }
+bool McuService::getNeedSyncTimeState() { return m_data->needSyncTime; }
 
 void McuService::setNeedSyncMcuTime(bool needed) { m_data->needSyncTime = needed; }
 
-QString McuService::test_version() const { return m_data->testVersion; }
+QString McuService::test_version() { return m_data->testVersion; }
 
-QString McuService::user_version() const { return m_data->userVersion; }
+QString McuService::user_version() { return m_data->userVersion; }
 
 QString McuService::SOC_version() { return callOn(m_link, &McuSrv::getVersion1); }
 
 QString McuService::HARD_version() { return callOn(m_link, &McuSrv::getVersion2); }
 
-bool McuService::isAttOn() const { return m_data->attState != 0; }
+bool McuService::isAttOn() { return m_data->attState != 0; }
 
 void McuService::notifyAttState(int state) { m_data->attState = state; }
 
@@ -212,13 +214,13 @@ int McuService::startUpState()
     return callOn(m_link, &McuSrv::getSysBootState);
 }
 
-int McuService::parkingState() const { return m_data->parking; }
+int McuService::parkingState() { return m_data->parking; }
 
-int McuService::reverseState() const { return m_data->reverse; }
+int McuService::reverseState() { return m_data->reverse; }
 
-int McuService::headlightState() const { return m_data->headlight; }
+int McuService::headlightState() { return m_data->headlight; }
 
-int McuService::muteLineState() const { return m_data->muteLine; }
+int McuService::muteLineState() { return m_data->muteLine; }
 
 int McuService::dspState() const { return m_data->dsp; }
 
@@ -226,15 +228,16 @@ bool McuService::isReverseFromMcuSrv() const { return callOn(m_link, &McuSrv::is
 
 bool McuService::isMuteFromMcuSrv() const { return callOn(m_link, &McuSrv::isMuteOn); }
 
-int McuService::sxmExist() const { return 1; }
+// Kept: applications ask whether there is a satellite radio; there is one in every unit.
+int McuService::sxmExist() { return 1; }
 
-int McuService::getDest() const { return m_data->destCode; }
+int McuService::getDest() { return m_data->destCode; }
 
-int McuService::getDemo() const { return m_data->demo; }
+int McuService::getDemo() { return m_data->demo; }
 
-SetupInfo McuService::setupInfo() const { return m_data->setupInfo; }
+SetupInfo McuService::setupInfo() { return m_data->setupInfo; }
 
-SetupInfo1 McuService::setupInfo1() const { return m_data->setupInfo1; }
+SetupInfo1 McuService::setupInfo1() { return m_data->setupInfo1; }
 
 void McuService::setDayNightModeFromAutoTst(int mode)
 {
@@ -242,11 +245,11 @@ void McuService::setDayNightModeFromAutoTst(int mode)
     Q_EMIT headlightChanged(m_data->headlight);
 }
 
-bool McuService::getBttestState() const { return m_data->btTest; }
+bool McuService::getBttestState() { return m_data->btTest; }
 
 void McuService::setBttestState(bool state) { m_data->btTest = state; }
 
-bool McuService::isDateTimeReady() const { return m_data->dateTimeReady; }
+bool McuService::isDateTimeReady() { return m_data->dateTimeReady; }
 
 void McuService::notifyDateTime() { m_data->dateTimeReady = true; }
 

@@ -1,6 +1,8 @@
 // Truck reports in: each slot stores its record and publishes it. None is rate-limited, none goes
 // to the surround-view bridge.
-#include "report.h"
+#include "mcuservice.h"
+
+#include "mcuservice_p.h"
 
 namespace mcu {
 
@@ -10,21 +12,19 @@ void McuService::onReportTruckTpmsLearnChanged(
     int TPMS_Learn_TireStatusData6, int TPMS_Learn_TireStatusData7, int TPMS_Learn_TireStatusData8,
     int TPMS_Learn_Reserve1, int TPMS_Learn_Reserve2)
 {
-    m_data->truckTpmsLearn.store(
-        TPMS_Learn_ResponseFeatureID, TPMS_Learn_ResponseStatus, TPMS_Learn_TireStatusData2,
-        TPMS_Learn_TireStatusData3, TPMS_Learn_TireStatusData4, TPMS_Learn_TireStatusData5,
-        TPMS_Learn_TireStatusData6, TPMS_Learn_TireStatusData7, TPMS_Learn_TireStatusData8,
-        TPMS_Learn_Reserve1, TPMS_Learn_Reserve2);
-    m_data->publish(m_data->truckTpmsLearn, &McuService::syncTruckTpmsLearnInforUpdate, CALL_SITE);
+    m_data->publish<record::truckTpmsLearn>(
+        CALL_SITE, TPMS_Learn_ResponseFeatureID, TPMS_Learn_ResponseStatus,
+        TPMS_Learn_TireStatusData2, TPMS_Learn_TireStatusData3, TPMS_Learn_TireStatusData4,
+        TPMS_Learn_TireStatusData5, TPMS_Learn_TireStatusData6, TPMS_Learn_TireStatusData7,
+        TPMS_Learn_TireStatusData8, TPMS_Learn_Reserve1, TPMS_Learn_Reserve2);
 }
 
 void McuService::onReportTruckDmsChanged(int DMS_DistractionWarning, int DMS_CanData2,
                                          int DMS_CanData3, int DMS_Reserve1, int DMS_Reserve2,
                                          int DMS_Reserve3, int DMS_Reserve4)
 {
-    m_data->truckDms.store(DMS_DistractionWarning, DMS_CanData2, DMS_CanData3, DMS_Reserve1,
-                           DMS_Reserve2, DMS_Reserve3, DMS_Reserve4);
-    m_data->publish(m_data->truckDms, &McuService::syncTruckDmsInforUpdate, CALL_SITE);
+    m_data->publish<record::truckDms>(CALL_SITE, DMS_DistractionWarning, DMS_CanData2, DMS_CanData3,
+                                      DMS_Reserve1, DMS_Reserve2, DMS_Reserve3, DMS_Reserve4);
 }
 
 void McuService::onReportTruckRsr1Changed(int RSR1_MenAtWorkSign, int RSR1_StopSign,
@@ -33,11 +33,10 @@ void McuService::onReportTruckRsr1Changed(int RSR1_MenAtWorkSign, int RSR1_StopS
                                           int RSR1_SlipperyRoadSignDetected, int RSR1_Reserve1,
                                           int RSR1_Reserve2, int RSR1_Reserve3, int RSR1_Reserve4)
 {
-    m_data->truckRsr1.store(RSR1_MenAtWorkSign, RSR1_StopSign, RSR1_RSRSystemState,
-                            RSR1_TSRSpeedSignDetected, RSR1_SpeedLimitIconCommand,
-                            RSR1_NarrowRoadSign, RSR1_SlipperyRoadSignDetected, RSR1_Reserve1,
-                            RSR1_Reserve2, RSR1_Reserve3, RSR1_Reserve4);
-    m_data->publish(m_data->truckRsr1, &McuService::syncTruckRsr1InforUpdate, CALL_SITE);
+    m_data->publish<record::truckRsr1>(
+        CALL_SITE, RSR1_MenAtWorkSign, RSR1_StopSign, RSR1_RSRSystemState,
+        RSR1_TSRSpeedSignDetected, RSR1_SpeedLimitIconCommand, RSR1_NarrowRoadSign,
+        RSR1_SlipperyRoadSignDetected, RSR1_Reserve1, RSR1_Reserve2, RSR1_Reserve3, RSR1_Reserve4);
 }
 
 void McuService::onReportTruckSecurityChanged(
@@ -47,13 +46,12 @@ void McuService::onReportTruckSecurityChanged(
     int Security_ACC_Alert_Signal, int Security_TPMS_warning_Lamp, int Security_Reserve1,
     int Security_Reserve2, int Security_Reserve3, int Security_Reserve4)
 {
-    m_data->truckSecurity.store(
-        Security_LDW_Lamp_Status, Security_ACC_Lamp_Status, Security_AEBS_Lamp_Status,
+    m_data->publish<record::truckSecurity>(
+        CALL_SITE, Security_LDW_Lamp_Status, Security_ACC_Lamp_Status, Security_AEBS_Lamp_Status,
         Security_AEBS_System_Status, Security_FLI_Right_Side, Security_FLI_Left_Side,
         Security_ACC_Mode, Security_ACC_Distance_Mode, Security_ACC_Shutoff_Warning,
         Security_ACC_Alert_Signal, Security_TPMS_warning_Lamp, Security_Reserve1, Security_Reserve2,
         Security_Reserve3, Security_Reserve4);
-    m_data->publish(m_data->truckSecurity, &McuService::syncTruckSecurityInforUpdate, CALL_SITE);
 }
 
 void McuService::onReportTruckVehicleHealthChanged(
@@ -62,13 +60,11 @@ void McuService::onReportTruckVehicleHealthChanged(
     int Vehicle_FuelLevel1, int Vehicle_FuelLevel2, int Vehicle_EngOilLevel, int Vehicle_Reserve1,
     int Vehicle_Reserve2, int Vehicle_Reserve3, int Vehicle_Reserve4)
 {
-    m_data->truckVehicleHealth.store(
-        Vehicle_Battery_Potential, Vehicle_Fluid_Tank_Level, Vehicle_Engine_Coolant_Temp,
+    m_data->publish<record::truckVehicleHealth>(
+        CALL_SITE, Vehicle_Battery_Potential, Vehicle_Fluid_Tank_Level, Vehicle_Engine_Coolant_Temp,
         Vehicle_Coolant_Level, Vehicle_Transmission_Mode1, Vehicle_Transmission_Mode2,
         Vehicle_FuelLevel1, Vehicle_FuelLevel2, Vehicle_EngOilLevel, Vehicle_Reserve1,
         Vehicle_Reserve2, Vehicle_Reserve3, Vehicle_Reserve4);
-    m_data->publish(m_data->truckVehicleHealth, &McuService::syncTruckVehicleHealthInforUpdate,
-                    CALL_SITE);
 }
 
 void McuService::onReportTruckRpasChanged(int RPAS_Active_Sensor_Status, int RPAS_Sensor1_Distance,
@@ -77,11 +73,10 @@ void McuService::onReportTruckRpasChanged(int RPAS_Active_Sensor_Status, int RPA
                                           int RPAS_Shortest_Distance, int RPAS_Warning_Levels,
                                           int RPAS_Reserve1, int RPAS_Reserve2, int RPAS_Reserve3)
 {
-    m_data->truckRpas.store(RPAS_Active_Sensor_Status, RPAS_Sensor1_Distance, RPAS_Sensor2_Distance,
-                            RPAS_Sensor3_Distance, RPAS_Sensor4_Distance, RPAS_Sensor5_Distance,
-                            RPAS_Shortest_Distance, RPAS_Warning_Levels, RPAS_Reserve1,
-                            RPAS_Reserve2, RPAS_Reserve3);
-    m_data->publish(m_data->truckRpas, &McuService::syncTruckRpasInforUpdate, CALL_SITE);
+    m_data->publish<record::truckRpas>(
+        CALL_SITE, RPAS_Active_Sensor_Status, RPAS_Sensor1_Distance, RPAS_Sensor2_Distance,
+        RPAS_Sensor3_Distance, RPAS_Sensor4_Distance, RPAS_Sensor5_Distance, RPAS_Shortest_Distance,
+        RPAS_Warning_Levels, RPAS_Reserve1, RPAS_Reserve2, RPAS_Reserve3);
 }
 
 void McuService::onReportTruckTpmsThresholdChanged(
@@ -93,15 +88,13 @@ void McuService::onReportTruckTpmsThresholdChanged(
     int Axle5_Right_Inside_Threshold, int Axle5_Right_Outside_Threshold, int Axle6_Left_Threshold,
     int Axle6_Right_Threshold, int First_Spare_Threshold)
 {
-    m_data->truckTpmsThreshold.store(
-        Axle1_Left_Threshold, Axle1_Right_Threshold, Axle2_Left_Threshold, Axle2_Right_Threshold,
-        Axle3_Left_Threshold, Axle3_Right_Threshold, Axle4_Left_Outside_Threshold,
-        Axle4_Left_Inside_Threshold, Axle4_Right_Inside_Threshold, Axle4_Right_Outside_Threshold,
-        Axle5_Left_Outside_Threshold, Axle5_Left_Inside_Threshold, Axle5_Right_Inside_Threshold,
-        Axle5_Right_Outside_Threshold, Axle6_Left_Threshold, Axle6_Right_Threshold,
-        First_Spare_Threshold);
-    m_data->publish(m_data->truckTpmsThreshold, &McuService::syncTruckTpmsThresholdUpdate,
-                    CALL_SITE);
+    m_data->publish<record::truckTpmsThreshold>(
+        CALL_SITE, Axle1_Left_Threshold, Axle1_Right_Threshold, Axle2_Left_Threshold,
+        Axle2_Right_Threshold, Axle3_Left_Threshold, Axle3_Right_Threshold,
+        Axle4_Left_Outside_Threshold, Axle4_Left_Inside_Threshold, Axle4_Right_Inside_Threshold,
+        Axle4_Right_Outside_Threshold, Axle5_Left_Outside_Threshold, Axle5_Left_Inside_Threshold,
+        Axle5_Right_Inside_Threshold, Axle5_Right_Outside_Threshold, Axle6_Left_Threshold,
+        Axle6_Right_Threshold, First_Spare_Threshold);
 }
 
 void McuService::onReportTruckTpmsCtiChanged(
@@ -113,14 +106,13 @@ void McuService::onReportTruckTpmsCtiChanged(
     int Axle5_Right_Inside_CTIInfor, int Axle5_Right_Outside_CTIInfor, int Axle6_Left_CTIInfor,
     int Axle6_Right_CTIInfor, int First_Spare_CTIInfor)
 {
-    m_data->truckTpmsCti.store(Axle1_Left_CTIInfor, Axle1_Right_CTIInfor, Axle2_Left_CTIInfor,
-                               Axle2_Right_CTIInfor, Axle3_Left_CTIInfor, Axle3_Right_CTIInfor,
-                               Axle4_Left_Outside_CTIInfor, Axle4_Left_Inside_CTIInfor,
-                               Axle4_Right_Inside_CTIInfor, Axle4_Right_Outside_CTIInfor,
-                               Axle5_Left_Outside_CTIInfor, Axle5_Left_Inside_CTIInfor,
-                               Axle5_Right_Inside_CTIInfor, Axle5_Right_Outside_CTIInfor,
-                               Axle6_Left_CTIInfor, Axle6_Right_CTIInfor, First_Spare_CTIInfor);
-    m_data->publish(m_data->truckTpmsCti, &McuService::syncTruckTpmsCtiInforUpdate, CALL_SITE);
+    m_data->publish<record::truckTpmsCti>(
+        CALL_SITE, Axle1_Left_CTIInfor, Axle1_Right_CTIInfor, Axle2_Left_CTIInfor,
+        Axle2_Right_CTIInfor, Axle3_Left_CTIInfor, Axle3_Right_CTIInfor,
+        Axle4_Left_Outside_CTIInfor, Axle4_Left_Inside_CTIInfor, Axle4_Right_Inside_CTIInfor,
+        Axle4_Right_Outside_CTIInfor, Axle5_Left_Outside_CTIInfor, Axle5_Left_Inside_CTIInfor,
+        Axle5_Right_Inside_CTIInfor, Axle5_Right_Outside_CTIInfor, Axle6_Left_CTIInfor,
+        Axle6_Right_CTIInfor, First_Spare_CTIInfor);
 }
 
 void McuService::onReportTruckTpmsTemperatureChanged(
@@ -130,14 +122,12 @@ void McuService::onReportTruckTpmsTemperatureChanged(
     int Axle5_Left_Outside_Temp, int Axle5_Left_Inside_Temp, int Axle5_Right_Inside_Temp,
     int Axle5_Right_Outside_Temp, int Axle6_Left_Temp, int Axle6_Right_Temp, int First_Spare_Temp)
 {
-    m_data->truckTpmsTemperature.store(
-        Axle1_Left_Temp, Axle1_Right_Temp, Axle2_Left_Temp, Axle2_Right_Temp, Axle3_Left_Temp,
-        Axle3_Right_Temp, Axle4_Left_Outside_Temp, Axle4_Left_Inside_Temp, Axle4_Right_Inside_Temp,
-        Axle4_Right_Outside_Temp, Axle5_Left_Outside_Temp, Axle5_Left_Inside_Temp,
-        Axle5_Right_Inside_Temp, Axle5_Right_Outside_Temp, Axle6_Left_Temp, Axle6_Right_Temp,
-        First_Spare_Temp);
-    m_data->publish(m_data->truckTpmsTemperature, &McuService::syncTruckTpmsTemperatureUpdate,
-                    CALL_SITE);
+    m_data->publish<record::truckTpmsTemperature>(
+        CALL_SITE, Axle1_Left_Temp, Axle1_Right_Temp, Axle2_Left_Temp, Axle2_Right_Temp,
+        Axle3_Left_Temp, Axle3_Right_Temp, Axle4_Left_Outside_Temp, Axle4_Left_Inside_Temp,
+        Axle4_Right_Inside_Temp, Axle4_Right_Outside_Temp, Axle5_Left_Outside_Temp,
+        Axle5_Left_Inside_Temp, Axle5_Right_Inside_Temp, Axle5_Right_Outside_Temp, Axle6_Left_Temp,
+        Axle6_Right_Temp, First_Spare_Temp);
 }
 
 void McuService::onReportTruckTpmsPressureChanged(
@@ -149,14 +139,13 @@ void McuService::onReportTruckTpmsPressureChanged(
     int Axle5_Right_Inside_Pressure, int Axle5_Right_Outside_Pressure, int Axle6_Left_Pressure,
     int Axle6_Right_Pressure, int First_Spare_Pressure)
 {
-    m_data->truckTpmsPressure.store(
-        Axle1_Left_Pressure, Axle1_Right_Pressure, Axle2_Left_Pressure, Axle2_Right_Pressure,
-        Axle3_Left_Pressure, Axle3_Right_Pressure, Axle4_Left_Outside_Pressure,
-        Axle4_Left_Inside_Pressure, Axle4_Right_Inside_Pressure, Axle4_Right_Outside_Pressure,
-        Axle5_Left_Outside_Pressure, Axle5_Left_Inside_Pressure, Axle5_Right_Inside_Pressure,
-        Axle5_Right_Outside_Pressure, Axle6_Left_Pressure, Axle6_Right_Pressure,
-        First_Spare_Pressure);
-    m_data->publish(m_data->truckTpmsPressure, &McuService::syncTruckTpmsPressureUpdate, CALL_SITE);
+    m_data->publish<record::truckTpmsPressure>(
+        CALL_SITE, Axle1_Left_Pressure, Axle1_Right_Pressure, Axle2_Left_Pressure,
+        Axle2_Right_Pressure, Axle3_Left_Pressure, Axle3_Right_Pressure,
+        Axle4_Left_Outside_Pressure, Axle4_Left_Inside_Pressure, Axle4_Right_Inside_Pressure,
+        Axle4_Right_Outside_Pressure, Axle5_Left_Outside_Pressure, Axle5_Left_Inside_Pressure,
+        Axle5_Right_Inside_Pressure, Axle5_Right_Outside_Pressure, Axle6_Left_Pressure,
+        Axle6_Right_Pressure, First_Spare_Pressure);
 }
 
 void McuService::onReportTruckVehicleAlertsChanged(int Vehicle_Gear_Change,
@@ -165,11 +154,9 @@ void McuService::onReportTruckVehicleAlertsChanged(int Vehicle_Gear_Change,
                                                    int Vehicle_Reserve2, int Vehicle_Reserve3,
                                                    int Vehicle_Reserve4)
 {
-    m_data->truckVehicleAlerts.store(Vehicle_Gear_Change, Vehicle_VehicleOverspeed,
-                                     Vehicle_MSA_Signal, Vehicle_Reserve1, Vehicle_Reserve2,
-                                     Vehicle_Reserve3, Vehicle_Reserve4);
-    m_data->publish(m_data->truckVehicleAlerts, &McuService::syncTruckVehicleAlertsInforUpdate,
-                    CALL_SITE);
+    m_data->publish<record::truckVehicleAlerts>(
+        CALL_SITE, Vehicle_Gear_Change, Vehicle_VehicleOverspeed, Vehicle_MSA_Signal,
+        Vehicle_Reserve1, Vehicle_Reserve2, Vehicle_Reserve3, Vehicle_Reserve4);
 }
 
 void McuService::onReportTruckPerformanceParametersChanged(
@@ -179,14 +166,12 @@ void McuService::onReportTruckPerformanceParametersChanged(
     int Vehicle_TripB_DistanceH, int Vehicle_TripB_FuelEffKm, int Vehicle_TripB_FuelEffHrs,
     int Vehicle_TripB_HoursL, int Vehicle_TripB_HoursH)
 {
-    m_data->truckPerformanceParameters.store(
-        Vehicle_IC_Total_Distance, Vehicle_IC_Run_Time, Vehicle_TripA_DistanceL,
+    m_data->publish<record::truckPerformanceParameters>(
+        CALL_SITE, Vehicle_IC_Total_Distance, Vehicle_IC_Run_Time, Vehicle_TripA_DistanceL,
         Vehicle_TripA_DistanceH, Vehicle_TripA_FuelEffKm, Vehicle_TripA_FuelEffHrs,
         Vehicle_TripA_HoursL, Vehicle_TripA_HoursH, Vehicle_TripB_DistanceL,
         Vehicle_TripB_DistanceH, Vehicle_TripB_FuelEffKm, Vehicle_TripB_FuelEffHrs,
         Vehicle_TripB_HoursL, Vehicle_TripB_HoursH);
-    m_data->publish(m_data->truckPerformanceParameters,
-                    &McuService::syncTruckPerformanceParametersInforUpdate, CALL_SITE);
 }
 
 void McuService::onReportTruckVehicleParametersChanged(
@@ -195,60 +180,58 @@ void McuService::onReportTruckVehicleParametersChanged(
     int Vehicle_AmbientAirTemp, int Vehicle_EngAirIntakeTemp, int Vehicle_Reserve1,
     int Vehicle_Reserve2, int Vehicle_Reserve3, int Vehicle_Reserve4)
 {
-    m_data->truckVehicleParameters.store(
-        Vehicle_EngFuelTemp1, Vehicle_EngOilTemp1, Vehicle_DPFLampCmd, Vehicle_EngOilTemp2,
-        Vehicle_EngECUTemp, Vehicle_CabInteriorTemp, Vehicle_AmbientAirTemp,
+    m_data->publish<record::truckVehicleParameters>(
+        CALL_SITE, Vehicle_EngFuelTemp1, Vehicle_EngOilTemp1, Vehicle_DPFLampCmd,
+        Vehicle_EngOilTemp2, Vehicle_EngECUTemp, Vehicle_CabInteriorTemp, Vehicle_AmbientAirTemp,
         Vehicle_EngAirIntakeTemp, Vehicle_Reserve1, Vehicle_Reserve2, Vehicle_Reserve3,
         Vehicle_Reserve4);
-    m_data->publish(m_data->truckVehicleParameters,
-                    &McuService::syncTruckVehicleParametersInforUpdate, CALL_SITE);
 }
 
-QByteArray McuService::getTruckTpmsLearnData() const { return m_data->truckTpmsLearn.bytes(); }
+QByteArray McuService::getTruckTpmsLearnData() { return m_data->image<record::truckTpmsLearn>(); }
 
-QByteArray McuService::getTruckDmsData() const { return m_data->truckDms.bytes(); }
+QByteArray McuService::getTruckDmsData() { return m_data->image<record::truckDms>(); }
 
-QByteArray McuService::getTruckRsr1Data() const { return m_data->truckRsr1.bytes(); }
+QByteArray McuService::getTruckRsr1Data() { return m_data->image<record::truckRsr1>(); }
 
-QByteArray McuService::getTruckSecurityData() const { return m_data->truckSecurity.bytes(); }
+QByteArray McuService::getTruckSecurityData() { return m_data->image<record::truckSecurity>(); }
 
-QByteArray McuService::getTruckVehicleHealthData() const
+QByteArray McuService::getTruckVehicleHealthData()
 {
-    return m_data->truckVehicleHealth.bytes();
+    return m_data->image<record::truckVehicleHealth>();
 }
 
-QByteArray McuService::getTruckRpasData() const { return m_data->truckRpas.bytes(); }
+QByteArray McuService::getTruckRpasData() { return m_data->image<record::truckRpas>(); }
 
-QByteArray McuService::getTruckTpmsThresholdData() const
+QByteArray McuService::getTruckTpmsThresholdData()
 {
-    return m_data->truckTpmsThreshold.bytes();
+    return m_data->image<record::truckTpmsThreshold>();
 }
 
-QByteArray McuService::getTruckTpmsCtiData() const { return m_data->truckTpmsCti.bytes(); }
+QByteArray McuService::getTruckTpmsCtiData() { return m_data->image<record::truckTpmsCti>(); }
 
-QByteArray McuService::getTruckTpmsTemperatureData() const
+QByteArray McuService::getTruckTpmsTemperatureData()
 {
-    return m_data->truckTpmsTemperature.bytes();
+    return m_data->image<record::truckTpmsTemperature>();
 }
 
-QByteArray McuService::getTruckTpmsPressureData() const
+QByteArray McuService::getTruckTpmsPressureData()
 {
-    return m_data->truckTpmsPressure.bytes();
+    return m_data->image<record::truckTpmsPressure>();
 }
 
-QByteArray McuService::getTruckVehicleAlertsData() const
+QByteArray McuService::getTruckVehicleAlertsData()
 {
-    return m_data->truckVehicleAlerts.bytes();
+    return m_data->image<record::truckVehicleAlerts>();
 }
 
-QByteArray McuService::getTruckPerformanceParametersData() const
+QByteArray McuService::getTruckPerformanceParametersData()
 {
-    return m_data->truckPerformanceParameters.bytes();
+    return m_data->image<record::truckPerformanceParameters>();
 }
 
-QByteArray McuService::getTruckVehicleParametersData() const
+QByteArray McuService::getTruckVehicleParametersData()
 {
-    return m_data->truckVehicleParameters.bytes();
+    return m_data->image<record::truckVehicleParameters>();
 }
 
 } // namespace mcu

@@ -2,69 +2,81 @@
 // file). They know the renderer's names alone; all else fails as if it was not there.
 #include "rendererstandin.h"
 
-#include <array>
+#include <QTemporaryDir>
+
+#include <cerrno>
 #include <cstring>
 
 #include <fcntl.h>
 #include <sys/ipc.h>
 #include <sys/sem.h>
-#include <unistd.h>
 
 namespace {
 
 constexpr key_t releaseKey = 0x41564D;
 constexpr int releaseSemaphore = 7;
-bool isReleased = false;
 
-std::array<int, 2> openPipe()
+bool isNode(const char *path) { return std::strcmp(path, "/tmp/avmrenderservice_rx") == 0; }
+
+int fail(int error)
 {
-    std::array<int, 2> ends{};
-    if (pipe2(ends.data(), O_NONBLOCK | O_CLOEXEC) != 0)
-        qFatal("no pipe for the renderer");
-    return ends;
+    errno = error;
+    return -1;
 }
-const auto [reader, writer] = openPipe();
-
-bool isSame(const char *path, const char *known) { return std::strcmp(path, known) == 0; }
 
 } // namespace
 
-void renderer::release(bool released) { isReleased = released; }
-
-QByteArray renderer::takeWritten()
+renderer::State &renderer::state()
 {
-    QByteArray bytes(4096, 0);
-    bytes.truncate(qMax(0, int(read(reader, bytes.data(), size_t(bytes.size())))));
-    return bytes;
+    static State state;
+    return state;
+}
+
+QByteArray renderer::node()
+{
+    static const QTemporaryDir folder;
+    return QFile::encodeName(folder.filePath(QStringLiteral("rx")));
 }
 
 // NOLINTBEGIN(bugprone-reserved-identifier): names that the linker gives
 extern "C" {
 
+int __real_access(const char *path, int mode);
+int __real_open(const char *path, int flags, ...);
+
 key_t __wrap_ftok(const char *path, int id)
 {
-    return isSame(path, "/tmp/avmrenderserver_releaseuart") && id == 1 ? releaseKey : -1;
+    const bool isKey = std::strcmp(path, "/tmp/avmrenderserver_releaseuart") == 0 && id == 1;
+    return isKey && renderer::state().hasKeyFile ? releaseKey : fail(ENOENT);
 }
 
 int __wrap_semget(key_t key, int count, int flags)
 {
-    return key == releaseKey && count == 1 && flags == (IPC_CREAT | 0777) ? releaseSemaphore : -1;
+    const bool isKey = key == (renderer::state().hasKeyFile ? releaseKey : -1);
+    const bool isAsked = isKey && count == 1 && flags == (IPC_CREAT | 0777);
+    return isAsked && renderer::state().hasSemaphore ? releaseSemaphore : fail(EACCES);
 }
 
 int __wrap_semctl(int semaphore, int number, int command)
 {
     const bool isRead = semaphore == releaseSemaphore && number == 0 && command == GETVAL;
-    return isRead ? int(isReleased) : -1;
+    return isRead ? renderer::state().semaphore : -1;
 }
 
-int __wrap_access(const char *path, int)
+int __wrap_access(const char *path, int mode)
 {
-    return isSame(path, "/tmp/avmrenderservice_rx") ? 0 : -1;
+    return isNode(path) ? __real_access(renderer::node(), mode) : -1;
 }
 
-int __wrap_open(const char *path, int)
+int __wrap_open(const char *path, int flags, ...)
 {
-    return isSame(path, "/tmp/avmrenderservice_rx") ? dup(writer) : -1;
+    // What may block or read is refused: a test must not hang.
+    const bool isAsked =
+        isNode(path) && (flags & (O_ACCMODE | O_NONBLOCK)) == (O_WRONLY | O_NONBLOCK);
+    const int descriptor = isAsked ? __real_open(renderer::node(), flags) : -1;
+    if (renderer::state().opened)
+        renderer::state().opened();
+    return descriptor;
 }
 }
 // NOLINTEND(bugprone-reserved-identifier)

@@ -1,15 +1,23 @@
-// Stands in for the surround-view renderer in a test program that links it: the bridge's two names
-// lead here, so that no test meets a semaphore, a node or a renderer of the machine.
+// Stands in for the surround-view renderer in a test program that links it: the bridge's names lead
+// to a folder and a semaphore of the program's own, so that no test meets those of the machine.
 #pragma once
 
 #include <QByteArray>
 
+#include <functional>
+
 namespace renderer {
 
-/// Releases the UART to the library or takes it back, as at start.
-void release(bool released);
+/// What the library meets, as at start.
+struct State {
+    bool hasKeyFile = true;
+    bool hasSemaphore = true;
+    int semaphore = 0;            ///< above 0 the UART is released; -1 is a failed query
+    std::function<void()> opened; ///< called when the library has opened the node
+};
+State &state();
 
-/// All bytes written to the renderer's node since the last call.
-QByteArray takeWritten();
+/// The path to which the library's node leads, in a private folder; nothing is there at first.
+QByteArray node();
 
 } // namespace renderer

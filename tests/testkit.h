@@ -7,6 +7,8 @@
 #include "virtualclock.h"
 
 #include <QCoreApplication>
+#include <QJsonArray>
+#include <QJsonDocument>
 #include <QLoggingCategory>
 #include <QStringList>
 #include <QTest>
@@ -17,14 +19,21 @@
 
 namespace testkit {
 
-/// An argument as a table shows it: 5, true, "text", 0x0aff.
+/// A value as a table shows it: 5, true, "text", [1,2], 0x0aff, fifteen times the same byte as
+/// 0x00*15.
 inline QString show(const QVariant &value)
 {
+    const QByteArray bytes = value.toByteArray();
     switch (int(value.type())) {
     case QVariant::String:
-        return '"' + value.toString() + '"';
+    case QVariant::List: {
+        const QJsonDocument json(QJsonArray{QJsonValue::fromVariant(value)});
+        return QString::fromUtf8(json.toJson(QJsonDocument::Compact)).mid(1).chopped(1);
+    }
     case QVariant::ByteArray:
-        return "0x" + QString::fromLatin1(value.toByteArray().toHex());
+        if (bytes.size() > 5 && bytes.count(bytes[0]) == bytes.size())
+            return show(bytes.left(1)) + '*' + QString::number(bytes.size());
+        return "0x" + QString::fromLatin1(bytes.toHex());
     default:
         return value.toString();
     }
@@ -142,26 +151,36 @@ private:
     {
         lines().append(
             {type, text, context.category, context.file, context.line, context.function});
+        if (type == QtWarningMsg || type == QtFatalMsg) // ends the program
+            fprintf(stderr, "%s\n", qPrintable(text));
     }
 
     QtMessageHandler m_previous;
 };
 
-/// Runs a test object under a virtual clock. Any Qt warning fails the run, so that a connection
-/// that could not be made cannot be missed; the library's own debug lines stay silent. A test that
-/// needs the clock is made with it.
+/// An application under a virtual clock. Any Qt warning ends it, so that a connection that could
+/// not be made cannot be missed; the library's own debug lines stay silent.
+struct Application {
+    Application(int &argc, char **argv) : application(argc, argv)
+    {
+        qputenv("QT_FATAL_WARNINGS", "1");
+        QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, false);
+    }
+
+    substitute::VirtualClock *clock = substitute::VirtualClock::install();
+    QCoreApplication application;
+};
+
+/// Runs a test object in such an application. A test that needs the clock is made with it.
 template <typename Test>
 int run(int argc, char **argv)
 {
-    substitute::VirtualClock *clock = substitute::VirtualClock::install();
-    QCoreApplication application(argc, argv);
-    qputenv("QT_FATAL_WARNINGS", "1");
-    QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, false);
+    const Application application(argc, argv);
     const auto execute = [&](auto &&test) { return QTest::qExec(&test, argc, argv); };
     if constexpr (std::is_default_constructible_v<Test>)
         return execute(Test());
     else
-        return execute(Test(clock));
+        return execute(Test(application.clock));
 }
 
 } // namespace testkit

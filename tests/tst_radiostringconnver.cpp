@@ -3,6 +3,8 @@
 
 #include <QTest>
 
+#include <climits>
+
 namespace {
 
 // The character set as text, 16 characters a row; a dot is a byte that is dropped (0x2E, the full
@@ -43,29 +45,15 @@ private Q_SLOTS:
         }
     }
 
-    void convertsTexts_data()
-    {
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<int>("length");
-        QTest::addColumn<QString>("text");
-        QTest::newRow("plain") << QByteArray("ABC") << 3 << "ABC";
-        QTest::newRow("a zero byte does not end it") << QByteArray("H\0I", 3) << 3 << "HI";
-        QTest::newRow("only dropped bytes") << QByteArray("\0\x0b\x1f", 3) << 3 << "";
-        QTest::newRow("no more than the length") << QByteArray("ABC") << 2 << "AB";
-        QTest::newRow("nothing") << QByteArray("ABC") << 0 << "";
-        QTest::newRow("less than nothing") << QByteArray("ABC") << -1 << "";
-    }
-
     void convertsTexts()
     {
-        QFETCH(QByteArray, bytes);
-        QFETCH(int, length);
-        QTEST(radioStringConnver::convertFromEBU(bytes.constData(), length), "text");
-    }
-
-    void answersNullWithNothing()
-    {
-        QCOMPARE(radioStringConnver::convertFromEBU(nullptr, 5), QString());
+        const QByteArray bytes("H\0I\xa9\x0b\x24", 6); // a zero byte does not end it
+        const QString texts[]{{}, "H", "H", "HI", "HI€", "HI€", "HI€ł"};
+        for (int length = 0; length <= bytes.size(); ++length)
+            QCOMPARE(radioStringConnver::convertFromEBU(bytes.constData(), length), texts[length]);
+        for (int length : {3, 0, -1, INT_MIN})
+            QVERIFY(radioStringConnver::convertFromEBU("\0\x0b\x1f", length).isNull());
+        QVERIFY(radioStringConnver::convertFromEBU(nullptr, 5).isNull());
     }
 };
 

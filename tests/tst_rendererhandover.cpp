@@ -1,164 +1,185 @@
-// The hand-over to the renderer: the release semaphore, and a write that never blocks, whatever
-// stands in the place of the FIFO.
-#include "rendererhandover.h"
+// What the renderer receives of parking distances, whatever stands in its place, and whether it has
+// released the UART.
+#include "mcuvechiclebridge.h"
+#include "rendererstandin.h"
+#include "standarderror.h"
+#include "testkit.h"
 
 #include <QDir>
-#include <QTemporaryDir>
-#include <QTest>
 
-#include <cerrno>
+#include <array>
+#include <climits>
 #include <csignal>
+#include <new>
 
 #include <fcntl.h>
-#include <sys/sem.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
+using renderer::node;
+using Values = QVector<int>;
+
 namespace {
 
-key_t askedKey = 0;
+/// The write that a frame is part of.
+QByteArray image(const char *frame) { return QByteArray::fromHex(frame) + QByteArray(30, '\0'); }
 
-// A renderer in a folder of its own; its semaphore goes with it.
-struct Renderer {
-    Renderer()
-    {
-        QVERIFY(QFile(keyFile).open(QFile::WriteOnly));
-        key = ftok(keyFile, 1);
-    }
-    ~Renderer()
-    {
-        close(reader);
-        semctl(semget(key, 1, 0), 0, IPC_RMID);
-    }
-    void setSemaphore(int value) { semctl(semget(key, 1, IPC_CREAT | 0777), 0, SETVAL, value); }
-    void readFifo()
-    {
-        QCOMPARE(mkfifo(node, 0600), 0);
-        reader = open(node, O_RDONLY | O_NONBLOCK);
-    }
-    void fillFifo()
-    {
-        const int writer = open(node, O_WRONLY | O_NONBLOCK);
-        while (write(writer, "x", 1) == 1)
-            ++filled;
-        close(writer);
-    }
-    QByteArray received()
-    {
-        QByteArray bytes(1 << 20, 0);
-        bytes.truncate(qMax(0, int(read(reader, bytes.data(), size_t(bytes.size())))));
-        return bytes.mid(filled);
-    }
-
-    QTemporaryDir folder;
-    QByteArray keyFile = QFile::encodeName(folder.filePath("key"));
-    QByteArray node = QFile::encodeName(folder.filePath("rx"));
-    key_t key = -1;
-    int reader = -1;
-    int filled = 0;
-};
-
-using Prepare = void (*)(Renderer &renderer);
-
-int openFile(const Renderer &renderer, int flags) { return open(renderer.node, flags, 0600); }
+Values distancesOf(McuVechicleBridge &bridge)
+{
+    Values distances(8, 1);
+    bridge.radarDistance(distances.data(), distances.data() + 4);
+    return distances;
+}
 
 int openDescriptors()
 {
     return QDir("/proc/self/fd").entryList(QDir::AllEntries | QDir::System).size();
 }
 
+/// A renderer that has released the UART, with a bridge of its own.
+struct Renderer {
+    Renderer() { renderer::state() = {true, true, 1, {}}; }
+    Renderer(const Renderer &) = delete;
+    Renderer &operator=(const Renderer &) = delete;
+    ~Renderer()
+    {
+        close(reader);
+        QFile::remove(node());
+        QDir().rmdir(node());
+    }
+    void readNode() { reader = openat(AT_FDCWD, node(), O_RDONLY | O_NONBLOCK); }
+    void readFifo()
+    {
+        QCOMPARE(mkfifo(node(), 0600), 0);
+        readNode();
+    }
+    QByteArray received() const
+    {
+        QByteArray bytes(1 << 20, '\0');
+        return bytes.left(qMax(0, int(read(reader, bytes.data(), size_t(bytes.size())))));
+    }
+    /// What can be read from the node whenever applications are told, once for each report.
+    QByteArrayList report(Values codes = Values(8, 0))
+    {
+        QByteArrayList told;
+        const QMetaObject::Connection listener = QObject::connect(
+            &bridge, &McuVechicleBridge::radarDistanceChanged, [&] { told += received(); });
+        bridge.notifyRadarUpdate(codes.data(), codes.data() + 4, 1, 2, 3);
+        QObject::disconnect(listener);
+        return told;
+    }
+
+    McuVechicleBridge bridge;
+    int reader = -1;
+};
+
 } // namespace
-
-// The key -1 belongs to the whole machine: that it was asked for is noted, and refused.
-// NOLINTBEGIN(bugprone-reserved-identifier): names that the linker gives
-extern "C" int __real_semget(key_t key, int count, int flags);
-extern "C" int __wrap_semget(key_t key, int count, int flags)
-{
-    askedKey = key;
-    if (key != -1)
-        return __real_semget(key, count, flags);
-    errno = EACCES;
-    return -1;
-}
-// NOLINTEND(bugprone-reserved-identifier)
-
-Q_DECLARE_METATYPE(Prepare)
 
 class tst_RendererHandover : public QObject {
     Q_OBJECT
 
 private Q_SLOTS:
-    void releaseFollowsTheSemaphore()
+    void aNewBridgeKnowsNothing()
     {
-        Renderer renderer;
-        QVERIFY(!isUartReleased(renderer.keyFile));
-        const int semaphore = semget(renderer.key, 1, 0);
-        semid_ds made{};
-        QCOMPARE(semctl(semaphore, 0, IPC_STAT, &made), 0);
-        QCOMPARE(made.sem_perm.mode & 0777, 0777);
-        for (int value : {1, 2, 0}) {
-            renderer.setSemaphore(value);
-            QCOMPARE(isUartReleased(renderer.keyFile), value > 0);
-            QCOMPARE(semctl(semaphore, 0, GETVAL), value);
-        }
+        // In memory that is not 0 by chance.
+        alignas(McuVechicleBridge) std::array<char, sizeof(McuVechicleBridge)> memory;
+        memory.fill('\xa5');
+        auto *bridge = new (memory.data()) McuVechicleBridge;
+        QCOMPARE(distancesOf(*bridge), Values(8, 0));
+        QVERIFY(!bridge->headlight() && !bridge->parking() && !bridge->reverse());
+        QVERIFY(!bridge->turnlight() && !bridge->carSpeed() && !bridge->doorState());
+        QCOMPARE(bridge->wheelAngle(), 50);
+        bridge->~McuVechicleBridge();
     }
 
-    void missingKeyFileIsToldAndGoesOn()
+    void framesCarryDistances()
     {
-        Renderer renderer;
-        QVERIFY(QFile::remove(renderer.keyFile));
-        renderer.reader = openFile(renderer, O_RDWR | O_CREAT | O_APPEND);
-        const int standardError = dup(STDERR_FILENO);
-        dup2(renderer.reader, STDERR_FILENO);
-        const bool released = isUartReleased(renderer.keyFile);
-        dup2(standardError, STDERR_FILENO);
-        close(standardError);
-        lseek(renderer.reader, 0, SEEK_SET);
-
-        QVERIFY(!released);
-        QCOMPARE(askedKey, key_t(-1));
-        QCOMPARE(renderer.received(),
-                 QByteArray("do_notify_release_uart (ftok): No such file or directory\n"
-                            "do_notify_release_uart (semget): Permission denied\n"));
-    }
-
-    void writesOneImageOrNothing_data()
-    {
-        QTest::addColumn<Prepare>("prepare");
-        QTest::addColumn<int>("bytes");
-        const auto row = [](const char *name, int bytes, Prepare prepare) {
-            QTest::newRow(name) << prepare << bytes;
+        const auto verify = [](const Values &codes, const Values &distances, const char *frame) {
+            Renderer renderer;
+            renderer.readFifo();
+            testkit::LogCapture log;
+            QString lines;
+            for (int i = 0; i < codes.size(); ++i)
+                lines += QString::number(codes[i]) + (i % 4 == 3 ? '\n' : ' ');
+            for (int times = 0; times < 2; ++times) { // changed or not
+                QCOMPARE(renderer.report(codes), QByteArrayList{image(frame)});
+                QCOMPARE(log.takeTexts().join('\n') + '\n', lines);
+                QCOMPARE(distancesOf(renderer.bridge), distances);
+            }
         };
-        row("FIFO with reader", 50, [](Renderer &r) { r.readFifo(); });
-        row("FIFO without reader", 0, [](Renderer &r) { mkfifo(r.node, 0600); });
-        row("full", 0, [](Renderer &r) { r.readFifo(), r.fillFifo(); });
-        row("UART not released", 0, [](Renderer &r) { r.readFifo(), r.setSemaphore(0); });
-        row("missing", 0, [](Renderer &) {});
-        row("folder", 0, [](Renderer &r) { QDir().mkdir(r.node); });
-        row("regular file", 50, [](Renderer &r) { r.reader = openFile(r, O_RDONLY | O_CREAT); });
-        // Nobody may write there, root neither.
-        row("no permission", 0,
-            [](Renderer &r) { QFile::link("/proc/sys/kernel/ostype", r.node); });
-        // Last, for the number of the standard input stays free.
-        row("descriptor 0", 0, [](Renderer &r) { r.readFifo(), close(STDIN_FILENO); });
+        verify({0, 1, 2, 3, 10, 0, 0, 0}, {10000, 30, 35, 40, 75, 10000, 10000, 10000},
+               "5511101e23284b1010100000000000000000fbff");
+        verify({46, 47, 255, 1, -5, -6, 4, 5}, {255, 260, 1300, 30, 0, -5, 45, 50},
+               "5511ff04141e00fb2d32000000000000000060ff");
+        // Beyond any sensor.
+        verify({INT_MAX, INT_MIN, 429496724, 429496725, -429496734, -429496735, 1, 0},
+               {INT_MAX, INT_MIN, 2147483645, INT_MAX, -2147483645, INT_MIN, 30, 10000},
+               "5511ff00fdff03001e100000000000000000c3ff");
     }
 
     void writesOneImageOrNothing()
     {
-        QFETCH(Prepare, prepare);
-        QFETCH(int, bytes);
-        Renderer renderer;
-        renderer.setSemaphore(1);
-        prepare(renderer);
-        const int descriptors = openDescriptors();
-        RadarImage image;
-        image.fill(0xA5);
-        handOverToRenderer(image, renderer.keyFile, renderer.node);
-        QCOMPARE(openDescriptors(), descriptors);
-        QCOMPARE(renderer.received(), QByteArray(bytes, '\xA5'));
+        const auto verify = [](const char *node, const QByteArray &received, auto prepare) {
+            Renderer renderer;
+            prepare(renderer);
+            const int descriptors = openDescriptors();
+            QVERIFY2(renderer.report() == QByteArrayList{received}, node);
+            QVERIFY2(openDescriptors() == descriptors, node);
+        };
+        const QByteArray written = image("5511101010101010101000000000000000006fff");
+        verify("FIFO", written, [](Renderer &r) { r.readFifo(); });
+        verify("FIFO without reader", "", [](Renderer &) { mkfifo(node(), 0600); });
+        verify("full FIFO", written.repeated(81), [](Renderer &r) {
+            r.readFifo();
+            fcntl(r.reader, F_SETPIPE_SZ, 4096);
+            Values codes(8, 0);
+            for (int i = 0; i < 81; ++i)
+                r.bridge.notifyRadarUpdate(codes.data(), codes.data() + 4, 0, 0, 0);
+        });
+        verify("UART not released", "", [](Renderer &r) {
+            r.readFifo();
+            renderer::state().semaphore = 0;
+        });
+        verify("missing", "", [](Renderer &) {});
+        verify("folder", "", [](Renderer &) { QDir().mkdir(node()); });
+        verify("dangling link", "", [](Renderer &) { QFile::link("gone", node()); });
+        verify("longer file", written + "after", [](Renderer &r) {
+            QFile file(node());
+            QVERIFY(file.open(QFile::WriteOnly));
+            file.write(QByteArray(50, 'x') + "after");
+            r.readNode();
+        });
+        // Nobody may write there, root neither.
+        verify("no permission", "",
+               [](Renderer &) { QFile::link("/proc/sys/kernel/ostype", node()); });
+        // Last, for the number of the standard input stays free.
+        verify("descriptor 0", "", [](Renderer &r) {
+            r.readFifo();
+            close(STDIN_FILENO);
+        });
     }
 
-    void brokenPipeLeavesSignalsAlone()
+    void releaseFollowsTheSemaphore()
+    {
+        const auto verify = [](const renderer::State &state, bool released, const char *error) {
+            renderer::state() = state;
+            bool isReleased = !released;
+            const QByteArray written =
+                testkit::standardErrorOf([&] { isReleased = is_avm_service_release_uart(); });
+            QCOMPARE(written, QByteArray(error));
+            QCOMPARE(isReleased, released);
+        };
+        verify({true, true, 0, {}}, false, "");
+        verify({true, true, 1, {}}, true, "");
+        verify({true, true, 2, {}}, true, "");
+        verify({true, true, -1, {}}, false, "");
+        // Without its key file the semaphore of key -1 is asked.
+        verify({false, true, 1, {}}, true,
+               "do_notify_release_uart (ftok): No such file or directory\n");
+        verify({true, false, 1, {}}, false, "do_notify_release_uart (semget): Permission denied\n");
+    }
+
+    void aBrokenPipeLeavesSignalsAlone()
     {
         sigset_t brokenPipe;
         sigemptyset(&brokenPipe);
@@ -169,11 +190,10 @@ private Q_SLOTS:
             pthread_sigmask(blocked ? SIG_BLOCK : SIG_UNBLOCK, &brokenPipe, nullptr);
             if (pending)
                 std::raise(SIGPIPE);
-            int ends[2];
-            QCOMPARE(pipe(ends), 0);
-            close(ends[0]);
-            writeWithoutSignal(ends[1], RadarImage{});
-            close(ends[1]);
+            Renderer renderer;
+            renderer.readFifo();
+            renderer::state().opened = [&] { close(std::exchange(renderer.reader, -1)); };
+            QCOMPARE(renderer.report(), QByteArrayList{""});
             sigset_t set;
             sigpending(&set);
             QCOMPARE(sigismember(&set, SIGPIPE), int(pending));
@@ -184,5 +204,5 @@ private Q_SLOTS:
     }
 };
 
-QTEST_APPLESS_MAIN(tst_RendererHandover)
+int main(int argc, char **argv) { return testkit::run<tst_RendererHandover>(argc, argv); }
 #include "tst_rendererhandover.moc"

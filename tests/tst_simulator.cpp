@@ -79,7 +79,7 @@ Run run(const QStringList &arguments, const QByteArray &input = {}, const char *
     process.start(MCUSIM, arguments);
     process.write(input);
     process.closeWriteChannel();
-    const bool ended = process.waitForFinished() && process.exitStatus() == QProcess::NormalExit;
+    const bool ended = process.waitForFinished(-1) && process.exitStatus() == QProcess::NormalExit;
     return {ended ? process.exitCode() : -1, process.readAllStandardOutput(),
             process.readAllStandardError()};
 }
@@ -280,7 +280,7 @@ private Q_SLOTS:
             process.setWorkingDirectory(SIMULATOR);
             process.setStandardOutputFile("/dev/full");
             process.start(MCUSIM, arguments.split(' '));
-            QVERIFY(process.waitForFinished());
+            QVERIFY(process.waitForFinished(-1));
             QCOMPARE(process.exitCode(), 2);
             QVERIFY(process.readAllStandardError().contains("cannot write standard output"));
         }
@@ -329,7 +329,7 @@ private Q_SLOTS:
         while (!process.readLine().contains("stwAdcValue"))
             QVERIFY(process.canReadLine() || process.waitForReadyRead());
         process.terminate();
-        QVERIFY(process.waitForFinished());
+        QVERIFY(process.waitForFinished(-1));
         QCOMPARE(process.exitCode(), 130);
         QVERIFY(process.readAll().endsWith("Interrupted\n"));
         QCOMPARE(QDir(folder).entryList(QDir::AllEntries | QDir::NoDotAndDotDot), QStringList());

@@ -1,8 +1,9 @@
-// The facade and threads other than its own: first use from several at once, and a link that emits
-// from its reader thread.
+// The library and threads other than its own under load: first use from several at once, a link
+// that emits from its reader thread while the event loop runs, audio statuses from another thread.
 #include "linksubstitute.h"
+#include "mcumanager.h"
 #include "mcuservice.h"
-#include "mcusrv.h"
+#include "platformsubstitute.h"
 #include "testkit.h"
 
 #include <QThread>
@@ -44,38 +45,57 @@ private Q_SLOTS:
     {
         mcu::McuService service;
         service.init();
-        QThread *const here = QThread::currentThread();
-        int emittedElsewhere = 0;
-        connect(
-            mcu::McuSrv::instance(), &mcu::McuSrv::volumeTurnSgl, &service,
-            [&] { emittedElsewhere += QThread::currentThread() != here; }, Qt::DirectConnection);
-        QStringList received, wanted;
-        const substitute::SignalTap tap(
-            &service, [&](const QMetaMethod &signal, const QVariantList &arguments) {
-                const char *place = QThread::currentThread() == here ? "" : "elsewhere ";
-                received.append(place + testkit::show(signal.name(), arguments));
-            });
-        const auto inject = [](const char *signal, const QVariantList &arguments) {
-            QVERIFY(substitute::link::inject(signal, arguments, nullptr,
+        testkit::Emissions emissions(&service);
+        QStringList wanted;
+        const auto report = [](const char *signal, const QVariant &argument) {
+            QVERIFY(substitute::link::inject(signal, {argument}, nullptr,
                                              substitute::Emitter::ReaderThread));
         };
         for (int i = 0; i < 2500; ++i) {
-            const QString text = QString::number(i);
-            inject("volumeTurnSgl", {i});
-            inject("serialNumberChanged", {text});
-            inject("autoTestPkgChanged", {text.toLatin1()});
-            inject("reportSteeringAngleChangedSgl", {65535, 0, 0, 0});
-            wanted << "volumeTurn(" + text + ')' << "serialNumChanged(\"" + text + "\")"
-                   << "autoTestPkgChanged(0x" + text.toLatin1().toHex() + ')'
-                   << "syncSteeringAngleInforUpdate(0xffff0000000000000000000000000000)";
+            const QString text = "é" + QString::number(i);
+            report("volumeTurnSgl", i);
+            report("serialNumberChanged", text);
+            report("autoTestPkgChanged", text.toUtf8());
+            wanted << testkit::show("volumeTurn", {i}) << testkit::show("serialNumChanged", {text})
+                   << testkit::show("autoTestPkgChanged", {text.toUtf8()});
             if (i % 25 == 0)
                 m_clock->settle(); // while the reader thread goes on emitting
         }
         substitute::link::drainReaderThread();
         m_clock->settle();
-        QCOMPARE(received.size(), 10000);
-        QCOMPARE(received, wanted);
-        QCOMPARE(emittedElsewhere, 2500);
+        QCOMPARE(emissions.take(), wanted);
+    }
+
+    void audioStatusesComeFromAnotherThread()
+    {
+        mcu::McuService service;
+        service.init();
+        McuManager::instance(); // made in this thread; all managers mute by it
+        McuManager manager(&service);
+        testkit::Trace trace;
+        trace.listen(substitute::link::log());
+        trace.listen(substitute::platform::log());
+        QStringList wanted;
+        for (int i = 0; i < 5000; ++i)
+            wanted.append(testkit::show("updateAudioStatus", {i % 29}));
+
+        std::atomic<bool> done{false};
+        std::thread caller([&] {
+            for (int i = 0; i < wanted.size(); ++i)
+                manager.updateAudioStatus(McuManager::AudioStatus(i % 29));
+            done = true;
+        });
+        while (!done) {
+            m_clock->advance(3000); // the restore timer starts, stops and fires
+            manager.audioStatus();
+            // Both threads write the substitutes' logs, which only the manager's lock keeps whole.
+            manager.unduckAudio(1);
+        }
+        caller.join();
+        const QString commands = trace.take().join(' ');
+        QVERIFY(!commands.contains(") unduckAudio(1) AudioService.setMainAudioMute"));
+        QVERIFY(!commands.contains("AudioService.setMainAudioMute(false) unduckAudio"));
+        QCOMPARE(commands.split(' ').filter("updateAudioStatus"), wanted);
     }
 };
 

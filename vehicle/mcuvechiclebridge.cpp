@@ -2,15 +2,15 @@
 #include "mcuvechiclebridge.h"
 
 #include "debug.h"
-#include "radarframe.h"
-#include "rendererhandover.h"
-#include "steeringpercent.h"
+#include "radarframe_p.h"
+#include "rendererhandover_p.h"
+#include "steeringpercent_p.h"
 
 #include <algorithm>
 
 namespace {
 
-// The stems differ, "server" and "service": these are the names that the renderer uses.
+// Kept: the stems differ, "server" and "service", as the renderer has them.
 constexpr char releaseKeyFile[] = "/tmp/avmrenderserver_releaseuart";
 constexpr char rendererNode[] = "/tmp/avmrenderservice_rx";
 
@@ -38,7 +38,21 @@ McuVechicleBridge::McuVechicleBridge() = default;
 
 McuVechicleBridge::~McuVechicleBridge() = default;
 
-void McuVechicleBridge::radarDistance(int *front, int *rear) const
+bool McuVechicleBridge::headlight() { return m_headlight; }
+
+bool McuVechicleBridge::parking() { return m_parking; }
+
+bool McuVechicleBridge::reverse() { return m_reverse; }
+
+int McuVechicleBridge::turnlight() { return m_turnlight; }
+
+int McuVechicleBridge::carSpeed() { return m_carSpeed; }
+
+int McuVechicleBridge::wheelAngle() { return m_wheelAngle; }
+
+int McuVechicleBridge::doorState() { return m_doorState; }
+
+void McuVechicleBridge::radarDistance(int *front, int *rear)
 {
     std::copy(m_frontRadar.begin(), m_frontRadar.end(), front);
     std::copy(m_rearRadar.begin(), m_rearRadar.end(), rear);
@@ -83,22 +97,23 @@ void McuVechicleBridge::notifyDoorUpdate(int doorState)
 void McuVechicleBridge::notifySteeringAngleUpdate(int angle)
 {
     // Not logged: the angle moves with every report of a drive.
-    const int percent = steeringPercent(angle);
+    const int percent = mcu::steeringPercent(angle);
     if (percent == m_wheelAngle)
         return;
     m_wheelAngle = percent;
     Q_EMIT steeringAngleChanged(percent);
 }
 
-void McuVechicleBridge::notifyRadarUpdate(const int *front, const int *rear, int /*pasSwitch*/,
+void McuVechicleBridge::notifyRadarUpdate(int *front, int *rear, int /*pasSwitch*/,
                                           int /*pdcSystemStatus*/, int /*reverseAssistVideo*/)
 {
     MCU_DEBUG << front[0] << front[1] << front[2] << front[3];
     MCU_DEBUG << rear[0] << rear[1] << rear[2] << rear[3];
-    m_frontRadar = radarDistances(front);
-    m_rearRadar = radarDistances(rear);
-    handOverToRenderer(radarImage(m_frontRadar, m_rearRadar), releaseKeyFile, rendererNode);
+    m_frontRadar = mcu::radarDistances(front);
+    m_rearRadar = mcu::radarDistances(rear);
+    mcu::handOverToRenderer(mcu::radarImage(m_frontRadar, m_rearRadar), releaseKeyFile,
+                            rendererNode);
     Q_EMIT radarDistanceChanged();
 }
 
-bool is_avm_service_release_uart() { return isUartReleased(releaseKeyFile); }
+bool is_avm_service_release_uart() { return mcu::isUartReleased(releaseKeyFile); }

@@ -1,16 +1,18 @@
 // Frame layout: start mark, type, four front and four rear distances, eight reserved zeros,
 // checksum, end mark. All bytes between the marks sum to 0 modulo 256.
-#include "radarframe.h"
+#include "radarframe_p.h"
 
 #include <algorithm>
 #include <limits>
 #include <numeric>
 
+namespace mcu {
+
 namespace {
 
 constexpr quint8 startMark = 0x55;
 constexpr quint8 frameType = 0x11;
-constexpr quint8 endMark = 0xFF;
+constexpr quint8 endMark = 0xff;
 constexpr int frontOffset = 2;
 constexpr int rearOffset = 6;
 constexpr int checksumOffset = 18;
@@ -18,7 +20,7 @@ constexpr int endOffset = 19;
 
 constexpr int noObstacle = 10000;
 
-quint8 lowByte(int distance) { return static_cast<quint8>(distance); }
+quint8 lowByte(int distance) { return quint8(distance); }
 
 } // namespace
 
@@ -27,7 +29,7 @@ int radarDistance(int code)
     using Int = std::numeric_limits<int>;
     if (code == 0)
         return noObstacle;
-    return static_cast<int>(qBound<qint64>(Int::min(), qint64(code) * 5 + 25, Int::max()));
+    return int(qBound<qint64>(Int::min(), qint64(code) * 5 + 25, Int::max()));
 }
 
 RadarDistances radarDistances(const int *codes)
@@ -49,3 +51,5 @@ RadarImage radarImage(const RadarDistances &front, const RadarDistances &rear)
     image[endOffset] = endMark;
     return image;
 }
+
+} // namespace mcu

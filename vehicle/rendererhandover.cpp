@@ -1,5 +1,5 @@
 // Renderer hand-over on System V semaphores and POSIX file calls.
-#include "rendererhandover.h"
+#include "rendererhandover_p.h"
 
 #include <cerrno>
 #include <csignal>
@@ -10,9 +10,12 @@
 #include <sys/sem.h>
 #include <unistd.h>
 
+namespace mcu {
+
 bool isUartReleased(const char *keyFile)
 {
-    // Without its key file the semaphore is looked up all the same, under the key -1.
+    // Kept: without its key file the semaphore is looked up all the same, under the key -1, and the
+    // texts on standard error name a function of the renderer's; its tools know both.
     const key_t key = ftok(keyFile, 1);
     if (key == -1)
         std::perror("do_notify_release_uart (ftok)");
@@ -53,3 +56,5 @@ void writeWithoutSignal(int descriptor, const RadarImage &image)
     }
     pthread_sigmask(SIG_SETMASK, &maskBefore, nullptr);
 }
+
+} // namespace mcu

@@ -1,10 +1,11 @@
-// Every command of the substitute MCU link writes its name and arguments down; every query answers
-// what it was told to.
+// The commands and queries of the substitute MCU link. A command logs its name and arguments; a
+// query returns the answer that was set for it.
 #include "mcusrv.h"
 
 #include "linksubstitute.h"
 
 namespace mcu {
+
 namespace {
 
 using substitute::link::log;

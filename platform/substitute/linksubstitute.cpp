@@ -22,6 +22,7 @@ McuSrv *McuSrv::instance()
 }
 
 namespace substitute {
+
 namespace {
 
 struct Query {
@@ -96,20 +97,20 @@ QStringList parametersOf(const QMetaMethod &method)
     return parameters;
 }
 
-/// The value as an int, or invalid when it is no integer of 32 bits.
+/// The value as an int, or invalid if it is not a 32-bit integer.
 QVariant asInt(const QVariant &value)
 {
     const int type = value.userType();
     if (type != QMetaType::Int && type != QMetaType::LongLong && type != QMetaType::Double)
         return {};
-    const double number = value.toDouble(); // exact wherever the value fits 32 bits
+    const double number = value.toDouble(); // exact for all 32-bit values
     if (!(number >= std::numeric_limits<int>::min() && number <= std::numeric_limits<int>::max()))
         return {};
     const int whole = static_cast<int>(number);
     return whole < number || whole > number ? QVariant() : QVariant(whole);
 }
 
-/// The value in exactly the wanted type, or invalid when it does not fit.
+/// The value in exactly the given type, or invalid if it does not fit.
 QVariant fitted(const QVariant &value, int type)
 {
     if (type == QMetaType::Int)
@@ -117,7 +118,7 @@ QVariant fitted(const QVariant &value, int type)
     return value.userType() == type ? value : QVariant();
 }
 
-/// A value as one would write it in a scenario.
+/// A value in the format of scenario files.
 QString shown(const QVariant &value)
 {
     if (value.userType() == QMetaType::QByteArray)
@@ -135,7 +136,7 @@ bool refuse(QString *error, const QString &text)
 
 void emitSignal(int index, QVariantList arguments)
 {
-    // Not QMetaMethod::invoke(), which ends at ten arguments.
+    // QMetaMethod::invoke() takes at most ten arguments.
     std::vector<void *> values{nullptr};
     for (QVariant &argument : arguments)
         values.push_back(argument.data());
@@ -150,7 +151,9 @@ QString describe(const QMetaMethod &method)
                                         parametersOf(method).join(QStringLiteral(", ")));
 }
 
-namespace link {
+} // namespace substitute
+
+namespace substitute::link {
 
 CallLog &log()
 {
@@ -216,7 +219,7 @@ bool inject(const QString &signal, const QVariantList &arguments, QString *error
     }
 
     const int index = method.methodIndex();
-    McuSrv::instance(); // made before the reader thread, so that it outlives it
+    McuSrv::instance(); // created before the reader thread, so that it is destroyed after it
     if (emitter == Emitter::Caller)
         emitSignal(index, values);
     else
@@ -236,5 +239,4 @@ void reset()
     answers().clear();
 }
 
-} // namespace link
-} // namespace substitute
+} // namespace substitute::link

@@ -1,5 +1,5 @@
-// The substitute platform services apart from the settings files: each holds the little state that
-// the library can see and writes down what it was told.
+// The substitute platform services except the settings files. Each keeps the state that the library
+// can query, and logs the calls that it receives.
 #include "platformsubstitute.h"
 
 #include "audioservice.h"
@@ -19,8 +19,8 @@ namespace {
 
 struct State {
     QList<int> audioEvents;
-    bool muted = false;
-    bool attenuated = false;
+    int mutes = 0; ///< one bit per kind of muted audio
+    int attenuation = 0;
     int display = 0;
     bool forceTime = false;
     QHash<QString, bool> settings;
@@ -31,6 +31,8 @@ State &state()
     static State values;
     return values;
 }
+
+constexpr int mainAudio = 1; ///< bit of the mute state
 
 /// The one object of a platform class.
 template <typename Service>
@@ -58,13 +60,17 @@ void setAudioEvents(const QList<int> &events)
     Q_EMIT hxaudio::AudioService::instance()->eventStateChanged();
 }
 
-void setMainAudioMuted(bool muted) { state().muted = muted; }
+void setMainAudioMuted(bool muted) { state().mutes = muted ? mainAudio : 0; }
 
-void setAttenuated(bool attenuated) { state().attenuated = attenuated; }
+void setAttenuated(bool attenuated) { state().attenuation = attenuated; }
 
-bool isMainAudioMuted() { return state().muted; }
+bool isMainAudioMuted() { return (state().mutes & mainAudio) != 0; }
 
-bool isAttenuated() { return state().attenuated; }
+bool isAttenuated() { return state().attenuation != 0; }
+
+void setMuteState(int mutes) { state().mutes = mutes; }
+
+void setAttState(int attenuation) { state().attenuation = attenuation; }
 
 void pressPanelKey(int key, int state, int kind)
 {
@@ -91,22 +97,22 @@ AudioService *AudioService::instance() { return only<AudioService>(); }
 
 QList<int> AudioService::eventStates() const { return state().audioEvents; }
 
-int AudioService::muteState() { return state().muted ? 1 : 0; }
+int AudioService::muteState() { return state().mutes; }
 
-bool AudioService::isMainAudioMute(int muteState) { return muteState != 0; }
+bool AudioService::isMainAudioMute(int muteState) { return (muteState & mainAudio) != 0; }
 
-int AudioService::getAttState() { return state().attenuated ? 1 : 0; }
+int AudioService::getAttState() { return state().attenuation; }
 
 void AudioService::Att20DB(bool on)
 {
     log().record("AudioService.Att20DB", on);
-    state().attenuated = on;
+    state().attenuation = on;
 }
 
 void AudioService::setMainAudioMute(bool on)
 {
     log().record("AudioService.setMainAudioMute", on);
-    state().muted = on;
+    substitute::platform::setMainAudioMuted(on);
 }
 
 } // namespace hxaudio

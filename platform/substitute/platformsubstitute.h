@@ -1,44 +1,46 @@
-// The inspection side of the substitute platform services: audio service, clock, event dispatcher,
-// display, tuner and settings. Product code never sees this header.
+// Control of the substitute platform services: audio service, clock, event dispatcher, display,
+// tuner and settings. The library never includes this header.
 #pragma once
 
 #include "substitutelog.h"
 
-namespace substitute {
-namespace platform {
+namespace substitute::platform {
 
-/// Every call that the platform services received, in order over all of them:
+/// The calls that the platform services have received, all services in one order:
 /// "AudioService.Att20DB", "DateTimeManager.setDateTime", "EventHandler.onEvent",
 /// "TunerControl.HDR_DabTunerFM", "SettingsUtil.SubwooferOnOff", "SettingsExe.setOtherPathValue".
-/// Plain reads (eventStates, getValue, IsForceTime ...) are not logged.
+/// Queries (eventStates, getValue, IsForceTime ...) are not logged.
 CallLog &log();
 
 /// Sets the active audio events and emits eventStateChanged() when the list differs from before.
 void setAudioEvents(const QList<int> &events);
-/// Sets what the audio service holds, as another application would; no signal, no log line.
+/// Sets the state of the audio service, as another application would; emits and logs nothing.
 void setMainAudioMuted(bool muted);
 void setAttenuated(bool attenuated);
 bool isMainAudioMuted();
 bool isAttenuated();
+/// The same with the codes of the audio service: any mute state, in which bit 0 is the main audio,
+/// and any attenuation.
+void setMuteState(int state);
+void setAttState(int state);
 
-/// Emits a panel key of the event dispatcher.
+/// Emits the event dispatcher's signal for a panel key.
 void pressPanelKey(int key, int state, int kind);
-/// Sets the current display source, which is 0 before.
+/// Sets the current display source; 0 by default.
 void setCurrentDisplay(int display);
 
-/// Sets the user's force-time setting.
+/// Sets whether the user forces a manual time.
 void setForceTime(bool force);
 /// Sets a general setting such as "mcu_upgrade_status".
 void setSetting(const QString &key, bool value);
 
-/// Puts every settings file under this folder ("/media/x.ini" becomes "<root>/media/x.ini").
-/// Without a call it is a private temporary folder that goes with the process.
+/// Sets the root folder of all settings files ("/media/x.ini" becomes "<root>/media/x.ini"). The
+/// default is a private temporary folder, which is removed when the process ends.
 void setSettingsRoot(const QString &folder);
 QString settingsRoot();
 
-/// Puts everything back as in a fresh process; the settings root with its files and a listener of
-/// the log stay.
+/// Resets everything as in a new process, except the settings root with its files and the listener
+/// of the log.
 void reset();
 
-} // namespace platform
-} // namespace substitute
+} // namespace substitute::platform

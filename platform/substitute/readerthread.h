@@ -1,5 +1,4 @@
-// The reader thread of the substitute link: runs what it is handed, in order, in a thread of its
-// own.
+// The reader thread of the substitute link: a thread that runs posted jobs in their order.
 #pragma once
 
 #include <condition_variable>
@@ -10,16 +9,16 @@
 
 namespace substitute {
 
-/// The thread starts with the first job. It ends with the application object, so that nothing is
-/// posted to an event loop that is going, and starts again when there is another job.
+/// The thread starts with the first job. It ends with the application object, so that no job uses
+/// an event loop that no longer exists. The next job starts it again.
 class ReaderThread {
 public:
     static ReaderThread &instance();
     ~ReaderThread();
 
-    /// Hands over a job; it runs after all earlier ones.
+    /// Adds a job; it runs after all earlier ones.
     void post(std::function<void()> job);
-    /// Waits until every job so far has run.
+    /// Waits until all jobs have run.
     void drain();
 
 private:
@@ -31,7 +30,7 @@ private:
 
     std::mutex m_mutex;
     std::condition_variable m_changed;
-    std::deque<std::function<void()>> m_jobs; ///< the front one is under way
+    std::deque<std::function<void()>> m_jobs; ///< the front one is running
     bool m_stopping = false;
     std::thread m_thread;
 };

@@ -1,4 +1,5 @@
-// The substitute settings store: INI files under a root folder of their own, written at once.
+// The substitute settings store: INI files in a root folder of their own. Each value is written at
+// once.
 #include "platformsubstitute.h"
 
 #include "settingsexe.h"
@@ -22,7 +23,7 @@ QString pathOf(const QString &file)
     return QDir::cleanPath(substitute::platform::settingsRoot() + QLatin1Char('/') + file);
 }
 
-/// The value as text, or nothing when the file does not hold the key.
+/// The value as text, or nothing if the file does not have the key.
 std::optional<QString> read(const QString &key, const QString &file)
 {
     const QSettings settings(pathOf(file), QSettings::IniFormat);

@@ -1,4 +1,4 @@
-// The log of calls that the substitute platform classes keep.
+// The log of the calls that the substitute platform classes receive.
 #include "substitutelog.h"
 
 #include <utility>

@@ -1,5 +1,5 @@
-// What a substitute platform class writes down: each call it received, in order, for tests and the
-// simulator to read.
+// The log of a substitute platform class: each call that it receives, in order. Tests and the
+// simulator read it.
 #pragma once
 
 #include <QList>
@@ -10,8 +10,8 @@
 
 namespace substitute {
 
-/// One call that a platform class received. Integers and booleans keep their type, bytes of their
-/// own are integers; byte arrays stay byte arrays.
+/// One call that a platform class received. The arguments keep their types, except that a single
+/// byte becomes an integer.
 struct Call {
     QString name; ///< "SetVolume", or "AudioService.Att20DB" for the other platform classes
     QVariantList arguments;
@@ -22,11 +22,11 @@ struct Call {
     }
 };
 
-/// A log of calls in order. Not thread-safe: commands come from the facade's thread.
+/// A log of calls in their order. Not thread-safe: commands come from the facade's thread.
 class CallLog {
 public:
     void append(const QString &name, const QVariantList &arguments);
-    /// Appends a call with its arguments as they come.
+    /// Appends a call with these arguments.
     template <typename... Arguments>
     void record(const char *name, const Arguments &...arguments)
     {
@@ -34,12 +34,13 @@ public:
     }
 
     const QList<Call> &calls() const { return m_calls; }
-    /// The calls so far, and starts anew.
+    /// Returns the calls and clears the log.
     QList<Call> take();
-    /// Forgets the calls; the listener stays.
+    /// Clears the log; the listener stays.
     void clear() { m_calls.clear(); }
 
-    /// Told of every call as it arrives; one listener, null to remove it.
+    /// Sets the function that is called with every call as it arrives. There is one listener; null
+    /// removes it.
     void setListener(std::function<void(const Call &)> listener);
 
 private:

@@ -6,7 +6,7 @@
 #include "mcuservice.h"
 #include "mcusrv.h"
 #include "mcuvechiclebridge.h"
-#include "recordcatalog.h"
+#include "recordcatalog_p.h"
 #include "refusal.h"
 #include "signaltap.h"
 #include "values.h"
@@ -174,7 +174,7 @@ void Catalogue::addApplicationSignals()
         for (const QMetaMethod &method : declaredMethods(*object.metaObject, QMetaMethod::Signal)) {
             add(signature(Kind::Signal, method, prefix));
             if (object.metaObject == &mcu::McuService::staticMetaObject)
-                m_all.back().record = mcu::describeRecord(method.name().constData());
+                m_all.back().record = mcu::describeRecord(method.name());
         }
     }
 }

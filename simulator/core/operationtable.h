@@ -130,6 +130,6 @@ Operation overload(const char *name, Result (Object::*method)(Arguments...), con
 }
 
 /// What applications call on the class named Object: the operation and the names of its parameters.
-#define CALL(name, names) operation<countNames(names)>(#name, &Object::name, names)
+#define CALL(name, names) mcusim::operation<mcusim::countNames(names)>(#name, &Object::name, names)
 
 } // namespace mcusim

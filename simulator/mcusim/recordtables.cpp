@@ -1,7 +1,7 @@
 #include "recordtables.h"
 
 #include "catalogue.h"
-#include "recordcatalog.h"
+#include "recordcatalog_p.h"
 #include "refusal.h"
 
 #include <QJsonArray>
@@ -25,22 +25,22 @@ QString getterText(const RecordDescription &record)
 
 QString readinessText(const Readiness &readiness)
 {
-    if (readiness.set == Readiness::None)
+    if (readiness.set == Readiness::Set::None)
         return QStringLiteral("none, `CANDataReady()` does not wait for it");
     const auto hex = [&readiness](int digits) {
         return QStringLiteral("0x%1").arg(readiness.bit, digits, 16, QLatin1Char('0'));
     };
-    return readiness.set == Readiness::Car ? "car set, bit " + hex(2) + " of `getCANDataSignal()`"
-                                           : "truck set, bit " + hex(0);
+    return readiness.set == Readiness::Set::Car
+               ? "car set, bit " + hex(2) + " of `getCANDataSignal()`"
+               : "truck set, bit " + hex(0);
 }
 
-QString limitText(mcu::RateLimit limit)
+QString limitText(const mcu::Hold &hold)
 {
-    if (limit == mcu::RateLimit::None)
+    if (hold.ticks == 0)
         return QStringLiteral("none");
-    return limit == mcu::RateLimit::Hu
-               ? QStringLiteral("yes, a hold of 4 ticks that reports do not extend")
-               : QStringLiteral("yes, a hold of 6 ticks that each report restarts");
+    return "yes, a hold of " + QString::number(hold.ticks) + " ticks that " +
+           (hold.restarts ? "each report restarts" : "reports do not extend");
 }
 
 } // namespace
@@ -50,7 +50,7 @@ const RecordDescription *recordOf(const Signature &signature)
     for (const RecordDescription *record : mcu::recordCatalog) {
         if (signature.name == text(record->linkSignal) ||
             (signature.className() == QLatin1String("McuService") &&
-             (signature.shortName() == text(record->signal) ||
+             (signature.shortName() == QString(signalName(*record)) ||
               signature.shortName() == text(record->getter))))
             return record;
     }
@@ -59,11 +59,11 @@ const RecordDescription *recordOf(const Signature &signature)
 
 QString recordSection(const RecordDescription &record)
 {
-    QString section = "### " + text(record.title) + "\n\n- Signal: `" + text(record.signal) +
-                      "(QByteArray)`, " + QString::number(record.size()) +
-                      " bytes\n- Getter: " + getterText(record) +
+    QString section = "### " + text(record.title) + "\n\n- Signal: `" +
+                      QString(signalName(record)) + "(QByteArray)`, " +
+                      QString::number(record.size()) + " bytes\n- Getter: " + getterText(record) +
                       "\n- Readiness: " + readinessText(record.readiness) +
-                      "\n- Rate limit: " + limitText(record.rateLimit) + "\n- In scenarios: `" +
+                      "\n- Rate limit: " + limitText(record.hold) + "\n- In scenarios: `" +
                       text(record.linkSignal) + "`\n\n| Offset | Bits | Field |\n|---|---|---|\n";
     std::size_t offset = 0;
     for (const mcu::Field &field : record.fields) {
@@ -90,7 +90,7 @@ QJsonObject recordJson(const RecordDescription &record)
     }
     QJsonObject object{{QStringLiteral("title"), text(record.title)},
                        {QStringLiteral("report"), text(record.linkSignal)},
-                       {QStringLiteral("signal"), "McuService." + text(record.signal)},
+                       {QStringLiteral("signal"), "McuService." + QString(signalName(record))},
                        {QStringLiteral("bytes"), int(record.size())},
                        {QStringLiteral("fields"), fields}};
     if (record.getter)
@@ -102,7 +102,7 @@ QString updatedPage(const QString &page)
 {
     QString updated = page;
     for (const RecordDescription *record : mcu::recordCatalog) {
-        const QString mark = "<!-- record " + text(record->signal) + " -->\n";
+        const QString mark = "<!-- record " + QString(signalName(*record)) + " -->\n";
         const int begin = updated.indexOf(mark) + mark.size();
         const int length = updated.indexOf(QStringLiteral("<!-- end -->\n"), begin) - begin;
         if (updated.count(mark) != 1 || length < 0)

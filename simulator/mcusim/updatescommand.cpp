@@ -5,10 +5,12 @@
 #include "values.h"
 
 #include "debug.h"
-#include "updatefiles.h"
+#include "updatefiles_p.h"
 
 #include <QDir>
 #include <QLoggingCategory>
+
+namespace updatefiles = mcu::updatefiles;
 
 namespace mcusim {
 

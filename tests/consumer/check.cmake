@@ -1,33 +1,32 @@
 # Installs the library into a folder of its own and uses it there as an application would: by the
-# CMake package, by pkg-config, and with nothing to link against but the public classes.
+# CMake package, by pkg-config and by qmake, on every platform below it.
 #
-#     cmake -D BUILD=<build folder> -D WORK=<scratch> -D LIBRARY=<libmcuservice.so.1.0.0>
-#           -D PLATFORM=<folder of the platform libraries> -D COMPILER=<c++> -D FLAGS=<flags>
-#           -D GENERATOR=<generator>
+#     cmake -D SOURCE=<source root> -D BUILD=<build folder> -D WORK=<scratch>
+#           -D LIBRARY=<libmcuservice.so.1.0.0> -D SUBSTITUTE=<folder of the substitute's libraries>
+#           -D SAMPLE=<build folder of the sample platforms>
+#           -D COMPILER=<c++> -D QMAKE=<qmake> -D FLAGS=<sanitizers> -D GENERATOR=<generator>
 #           -P check.cmake
 cmake_minimum_required(VERSION 3.25)
 
 function(run)
-    execute_process(COMMAND ${ARGN} OUTPUT_VARIABLE output COMMAND_ERROR_IS_FATAL ANY)
+    execute_process(COMMAND ${ARGN} OUTPUT_VARIABLE output ECHO_OUTPUT_VARIABLE
+                    COMMAND_ERROR_IS_FATAL ANY)
     set(output "${output}" PARENT_SCOPE)
 endfunction()
 
-file(REMOVE_RECURSE ${WORK})
-set(prefix ${WORK}/prefix)
-run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${prefix})
-file(GLOB_RECURSE installed ${prefix}/*/libmcuservice.so.1)
-get_filename_component(libraries "${installed}" DIRECTORY)
-set(ENV{LD_LIBRARY_PATH} ${libraries}:${PLATFORM})
-set(ENV{PKG_CONFIG_PATH} ${libraries}/pkgconfig)
-# The platform libraries come with the head unit, beside the system's own.
-set(platform -Wl,-rpath-link,${PLATFORM})
+# An application must link by the linker's own defaults, with no platform in sight.
+set(ENV{LDFLAGS} "")
+set(ENV{LD_LIBRARY_PATH} "")
+file(REMOVE_RECURSE ${WORK}/own ${WORK}/pkg-config ${WORK}/qmake)
+file(MAKE_DIRECTORY ${WORK}/pkg-config ${WORK}/qmake)
+run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${WORK}/own)
+file(GLOB_RECURSE package ${WORK}/own/*/mcuservice.pc)
+get_filename_component(package ${package} DIRECTORY)
+set(ENV{PKG_CONFIG_PATH} ${package})
 
-run(${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR} -B ${WORK}/build -G ${GENERATOR}
-    -DCMAKE_PREFIX_PATH=${prefix}
-    -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_CXX_FLAGS=${FLAGS}
-    -DCMAKE_EXE_LINKER_FLAGS=${platform})
-run(${CMAKE_COMMAND} --build ${WORK}/build)
-run(${WORK}/build/consumer)
+run(${CMAKE_COMMAND} -S ${CMAKE_CURRENT_LIST_DIR} -B ${WORK}/cmake -G ${GENERATOR}
+    -DCMAKE_PREFIX_PATH=${WORK}/own -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_CXX_FLAGS=${FLAGS})
+run(${CMAKE_COMMAND} --build ${WORK}/cmake)
 
 run(pkg-config --modversion mcuservice)
 if(NOT output STREQUAL "1.0.0\n")
@@ -35,45 +34,62 @@ if(NOT output STREQUAL "1.0.0\n")
 endif()
 run(pkg-config --cflags --libs mcuservice)
 separate_arguments(flags UNIX_COMMAND "${FLAGS} ${output}")
-run(${COMPILER} -std=c++17 -fPIC ${CMAKE_CURRENT_LIST_DIR}/main.cpp ${flags} ${platform}
-    -o ${WORK}/consumer)
-run(${WORK}/consumer)
+run(${COMPILER} -fPIC ${CMAKE_CURRENT_LIST_DIR}/main.cpp ${flags} -o ${WORK}/pkg-config/consumer)
+
+run(${CMAKE_COMMAND} -E chdir ${WORK}/qmake ${QMAKE} ${CMAKE_CURRENT_LIST_DIR}/consumer.pro
+    QMAKE_CXX=${COMPILER} QMAKE_LINK=${COMPILER} QMAKE_CXXFLAGS+=${FLAGS} QMAKE_LFLAGS+=${FLAGS})
+run(make -C ${WORK}/qmake)
+
+# expect(library platform output): every application, as it was linked above, over the library
+# installed in WORK/library and the platform's folder prints that.
+function(expect library platform expected)
+    file(GLOB_RECURSE folder ${WORK}/${library}/*/libmcuservice.so.1)
+    get_filename_component(folder ${folder} DIRECTORY)
+    foreach(application cmake pkg-config qmake)
+        run(${CMAKE_COMMAND} -E env LD_LIBRARY_PATH=${folder}:${platform} LD_BIND_NOW=1
+            ${WORK}/${application}/consumer)
+        if(NOT output STREQUAL expected)
+            message(SEND_ERROR "${application}, ${library} on ${platform}: ${output}")
+        endif()
+    endforeach()
+endfunction()
+
+set(on_substitute "version \n")
+set(on_sample "init\nsendVehicleSpeed 42\nspeed 42\nHDR_DabRequestScan\nversion sample 1\n")
+expect(own ${SUBSTITUTE} ${on_substitute})
+
+# build(library platform sonames): builds the library anew with these settings. One build folder for
+# all, so that the second and the third are only linked.
+function(build library platform sonames)
+    execute_process(COMMAND ${CMAKE_COMMAND} -S ${SOURCE} -B ${WORK}/library -G ${GENERATOR}
+                            -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_BUILD_TYPE=Debug
+                            -DBUILD_TESTING=OFF -DMCUSERVICE_SIMULATOR=OFF
+                            -DMCUSERVICE_PLATFORM_DIR=${platform}
+                            "-DMCUSERVICE_SERVICES_SONAMES=${sonames}"
+                    OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
+    run(${CMAKE_COMMAND} --build ${WORK}/library)
+    run(${CMAKE_COMMAND} --install ${WORK}/library --prefix ${WORK}/${library})
+endfunction()
+
+if(NOT FLAGS)
+    file(READ ${SOURCE}/docs/integration.md page)
+    foreach(services one split)
+        file(READ ${SAMPLE}/${services}/cmake/McuPlatformConfig.cmake config)
+        string(FIND "${page}" "${config}" at)
+        if(at EQUAL -1)
+            message(SEND_ERROR "docs/integration.md does not show this:\n${config}")
+        endif()
+        build(${services} ${SAMPLE}/${services}/cmake "")
+        expect(${services} ${SAMPLE}/${services}/lib ${on_sample})
+    endforeach()
+    build(swapped "" "libsamplemedia.so.1;libsamplesettings.so.1")
+    expect(swapped ${WORK}/library/platform/substitute ${on_substitute})
+    expect(swapped ${SAMPLE}/split/lib ${on_sample})
+endif()
 
 run(objdump -p ${LIBRARY})
 if(NOT output MATCHES "SONAME +libmcuservice\\.so\\.1\n")
     message(FATAL_ERROR "wrong soname: ${output}")
 endif()
 
-# What the library exports is the public classes and functions, all of them and nothing else. A
-# sanitizer adds symbols of its own.
-if(FLAGS)
-    return()
-endif()
-set(public "AutoPrint::" "McuManager::" "McuVechicleBridge::" "mcu::AutoTestHandler::"
-    "mcu::McuRadioInterface::" "mcu::McuService::" "mem::SettingsUtil::" "radioStringConnver::"
-    "criticalLine(" "debugLine(" "is_avm_service_release_uart(")
-set(missing ${public})
-run(nm -DC --defined-only ${LIBRARY})
-string(REGEX MATCHALL "[^\n]+" symbols "${output}")
-foreach(symbol IN LISTS symbols)
-    if(symbol MATCHES " [WVu] .*std::")
-        continue() # templates of the standard library, which an unoptimised build does not inline
-    endif()
-    string(REGEX REPLACE "^[0-9a-f]+ . " "" name "${symbol}")
-    string(REGEX REPLACE "^(vtable|typeinfo|typeinfo name) for (.*)" "\\2::" name "${name}")
-    set(scope "")
-    foreach(prefix IN LISTS public)
-        string(FIND "${name}" "${prefix}" at)
-        if(at EQUAL 0)
-            set(scope "${prefix}")
-        endif()
-    endforeach()
-    if(scope)
-        list(REMOVE_ITEM missing "${scope}")
-    else()
-        message(SEND_ERROR "exported and not public: ${symbol}")
-    endif()
-endforeach()
-if(missing)
-    message(SEND_ERROR "not exported: ${missing}")
-endif()
+include(${CMAKE_CURRENT_LIST_DIR}/../../cmake/ExportedSymbols.cmake)

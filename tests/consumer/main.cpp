@@ -1,16 +1,29 @@
-// What an application does first with the installed package.
+// What an application does first with the installed package, and what the platform under the
+// library makes of it.
 #include <debug.h>
 #include <mcumanager.h>
 #include <mcuradiointerface.h>
 #include <mcuservice.h>
 #include <mcuvechiclebridge.h>
 
-int main()
+#include <QCoreApplication>
+
+#include <cstdio>
+
+int main(int argc, char **argv)
 {
+    const QCoreApplication application(argc, argv);
     AutoPrint trace(Q_FUNC_INFO, __LINE__);
     MCU_DEBUG << mcu::McuRadioInterface::instance()->objectName()
               << McuVechicleBridge::instance()->wheelAngle()
               << McuManager::instance()->audioStatus();
-    const mcu::SetupInfo setup = mcu::McuService::instance()->setupInfo();
-    return mcu::McuService::instance()->getDest() == 256 && setup.bassboost == 0 ? 0 : 1;
+    auto *mcu = mcu::McuService::instance();
+    QObject::connect(mcu, &mcu::McuService::syncSpeedUpdate,
+                     [](int speed) { std::printf("speed %d\n", speed); });
+    mcu->init();
+    mcu->sendVehicleSpeed(42);
+    mcu->dabRequestScan();
+    std::printf("version %s\n", qUtf8Printable(mcu->SOC_version()));
+    const mcu::SetupInfo setup = mcu->setupInfo();
+    return mcu->getDest() == 256 && setup.bassboost == 0 ? 0 : 1;
 }

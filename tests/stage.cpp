@@ -1,0 +1,519 @@
+#include "stage.h"
+
+#include "autotesthandler.h"
+#include "linksubstitute.h"
+#include "mcusrv.h"
+#include "mcuvechiclebridge.h"
+#include "operationtable.h"
+#include "packettext.h"
+#include "platformsubstitute.h"
+
+#include "audioservice.h"
+#include "eventhandler.h"
+#include "settingsexe.h"
+
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QRegularExpression>
+#include <QThread>
+
+#include <array>
+#include <cstdlib>
+#include <cstring>
+#include <new>
+#include <thread>
+
+namespace link = substitute::link;
+namespace platform = substitute::platform;
+
+// What is made with new lies in memory full of a pattern: a member that nothing initialises is not
+// 0 by chance.
+void *operator new(std::size_t size)
+{
+    void *memory = std::malloc(size);
+    if (!memory)
+        throw std::bad_alloc();
+    return std::memset(memory, 0xa5, size);
+}
+void operator delete(void *memory) noexcept { std::free(memory); }
+void operator delete(void *memory, std::size_t) noexcept { std::free(memory); }
+
+namespace {
+
+const char factorySettings[] = "/media/flash/nvm/factory/settings.ini";
+QHash<QString, QString> storedSettings;
+bool isStoreFull = false;
+
+} // namespace
+
+// The factory settings are kept in memory, in place of the substitute's files.
+int mem::SettingsExe::getValue(QString key, QString file, int fallback)
+{
+    bool isNumber = false;
+    const int value = storedSettings.value(file == factorySettings ? key : file).toInt(&isNumber);
+    return isNumber ? value : fallback;
+}
+bool mem::SettingsExe::getValue(QString key, QString file, bool fallback)
+{
+    const QVariant value = storedSettings.value(file == factorySettings ? key : file);
+    return value.toString().isEmpty() ? fallback : value.toBool();
+}
+void mem::SettingsExe::setOtherPathValue(QString key, QString file, QVariant value, QVariant value2,
+                                         bool flag)
+{
+    platform::log().record("SettingsExe.setOtherPathValue", key, file, value, value2, flag);
+    if (!isStoreFull)
+        storedSettings[key] = value.toString();
+}
+
+namespace testkit {
+
+namespace {
+
+QVariant values(const mcu::SetupInfo &s)
+{
+    return QVariantList{
+        s.bt_input_level,  s.timer_onoff,     s.beep_onoff,  s.camera_onoff,   s.steering_control,
+        s.extra_bass,      s.eq_type,         s.eq1_level,   s.eq2_level,      s.eq3_level,
+        s.eq4_level,       s.eq5_level,       s.eq6_level,   s.eq7_level,      s.eq8_level,
+        s.eq9_level,       s.eq10_level,      s.eq11_level,  s.eq12_level,     s.eq13_level,
+        s.subwoofer_level, s.balance_level,   s.fader_level, s.hpf_front_freq, s.hpf_rear_freq,
+        s.lpf_freq,        s.subwoofer_phase, s.dso,         s.rotary,         s.bassboost};
+}
+
+QVariant values(const mcu::SetupInfo1 &s)
+{
+    return QVariantList{
+        s.main_volume,         s.bt_ring_volume,  s.bt_talking_volume,    s.navi_volume,
+        s.voice_volume,        s.ta_volume,       s.radio_input_gain,     s.usb_input_gain,
+        s.bt_audio_input_gain, s.aux_input_gain,  s.carplay_input_gain,   s.android_auto_input_gain,
+        s.loud_status,         s.rear_view_delay, s.poweroff_delay_onoff, s.steer_state,
+        s.internal_amp_state,  s.break_volume,    s.idl_chime_vol,        s.ti_vol,
+        s.idl_warn_vol,        s.idl_info_vol,    s.idl_reco_vol,         s.bt_siri_vol};
+}
+
+QVariant radarDistances()
+{
+    std::array<int, 8> distances{};
+    McuVechicleBridge::instance()->radarDistance(distances.data(), distances.data() + 4);
+    return QVariantList(distances.begin(), distances.end());
+}
+
+/// A command to the link: "link.SetVolume(9)", or "6e:05:02" for a packet to the station.
+QString commandText(const substitute::Call &call)
+{
+    const QByteArray sent = call.arguments.value(1).toByteArray();
+    const QString packet = packetText(sent);
+    const bool isPacket = call.name == "sendAutoTestPkgToMcu" && call.arguments[0] == sent.size();
+    return isPacket && !packet.isEmpty() ? packet : "link." + show(call.name, call.arguments);
+}
+
+/// A call of the platform: "stored.key(value)" for a factory setting that is stored.
+QString platformText(const substitute::Call &call)
+{
+    const QVariantList &values = call.arguments;
+    const bool isStored = call.name == "SettingsExe.setOtherPathValue" &&
+                          values[1] == factorySettings && values[2] == values[3] &&
+                          values[4] == true;
+    return isStored ? show("stored." + values[0].toString(), {values[2]}) : show(call.name, values);
+}
+
+/// Puts back what outlives a stage: connections to the link and the platform, and the one bridge.
+/// The process's own facade keeps the link, by which the manager's instance mutes and the factory
+/// test answers, but gets no reports.
+void putBack()
+{
+    static const bool linked = mcu::McuService::instance()->init();
+    Q_UNUSED(linked)
+    McuManager::instance();
+    mcu::McuSrv::instance()->disconnect();
+    hxaudio::AudioService::instance()->disconnect();
+    EventHandler::instance()->disconnect();
+    mcu::AutoTestHandler::instance()->stop();
+    link::reset();
+    platform::reset();
+    storedSettings.clear();
+    isStoreFull = false;
+
+    McuVechicleBridge *bridge = McuVechicleBridge::instance();
+    bridge->notifyHeadlightUpdate(false, 0);
+    bridge->notifyParkingUpdate(false, 0);
+    bridge->notifyReverseUpdate(false, 0);
+    bridge->notifyTurnLightUpdate(0);
+    bridge->notifyCarSpeedUpdate(0);
+    bridge->notifyDoorUpdate(0);
+    bridge->notifySteeringAngleUpdate(7380);
+    std::array<int, 4> nothing{};
+    bridge->notifyRadarUpdate(nothing.data(), nothing.data(), 0, 0, 0);
+}
+
+/// What a script sets, by its name; the answers of the link are known to the link.
+const QHash<QString, std::function<void(const QVariantList &values)>> settings{
+    {"forceTime", [](const QVariantList &values) { platform::setForceTime(values[0].toBool()); }},
+    {"upgrading",
+     [](const QVariantList &values) {
+         platform::setSetting("mcu_upgrade_status", values[0].toBool());
+     }},
+    {"audioEvents",
+     [](const QVariantList &values) {
+         QList<int> events;
+         for (const QVariant &value : values)
+             events.append(value.toInt());
+         platform::setAudioEvents(events);
+     }},
+    {"muteState", [](const QVariantList &values) { platform::setMuteState(values[0].toInt()); }},
+    {"attState", [](const QVariantList &values) { platform::setAttState(values[0].toInt()); }},
+    {"stored", // "key=value key=value", and nothing else
+     [](const QVariantList &values) {
+         storedSettings.clear();
+         for (const QString &entry : values[0].toString().split(' ', Qt::SkipEmptyParts))
+             storedSettings[entry.section('=', 0, 0)] = entry.section('=', 1);
+     }},
+    {"storeFull", [](const QVariantList &values) { isStoreFull = values[0].toBool(); }},
+    {"display", [](const QVariantList &values) { platform::setCurrentDisplay(values[0].toInt()); }},
+    {"panelKey",
+     [](const QVariantList &values) {
+         platform::pressPanelKey(values[0].toInt(), values[1].toInt(), values[2].toInt());
+     }},
+};
+
+/// The value that a text stands for.
+QVariant parsed(const QString &text)
+{
+    static const QRegularExpression repeated("^\"(.)\"\\*(\\d+)$");
+    const QRegularExpressionMatch match = repeated.match(text);
+    if (match.hasMatch())
+        return match.captured(1).repeated(match.captured(2).toInt());
+    if (text.startsWith("0x"))
+        return QByteArray::fromHex(text.mid(2).toLatin1());
+    const QByteArray packet = packetOf(text);
+    if (!packet.isEmpty())
+        return packet;
+    const QJsonDocument json = QJsonDocument::fromJson('[' + text.toUtf8() + ']');
+    if (json.array().size() != 1)
+        qFatal("no value: %s", qPrintable(text));
+    return json.array().first().toVariant();
+}
+
+/// The texts of the arguments of a call, 1..4 written out.
+QStringList argumentTexts(const QString &call)
+{
+    static const QRegularExpression range("^(\\d+)\\.\\.(\\d+)$");
+    QStringList texts;
+    for (const QString &text : splitOutside(call.section('(', 1).chopped(1), ",")) {
+        const QRegularExpressionMatch match = range.match(text);
+        if (!match.hasMatch())
+            texts.append(text);
+        for (int i = match.captured(1).toInt(); match.hasMatch() && i <= match.captured(2).toInt();
+             ++i)
+            texts.append(QString::number(i));
+    }
+    return texts;
+}
+
+/// What can be read of an object of a class.
+QVector<mcusim::Operation> queriesOf(const QString &className)
+{
+    static const QHash<QString, QVector<mcusim::Operation>> byClass = [] {
+        QHash<QString, QVector<mcusim::Operation>> found;
+        for (const mcusim::Operation &operation : scriptOperations()) {
+            if (operation.result != QMetaType::Void && operation.parameters.isEmpty() &&
+                operation.name != "McuService.init")
+                found[operation.name.section('.', 0, 0)].append(operation);
+        }
+        return found;
+    }();
+    return byClass[className];
+}
+
+/// 0, false, an empty text or nothing but zeros in a list; bytes show their length.
+bool isNeutral(const QVariant &value)
+{
+    if (value.type() == QVariant::ByteArray)
+        return value.toByteArray().isEmpty();
+    if (value.type() != QVariant::List)
+        return value == QVariant(value.type(), nullptr) || value.toString().isEmpty();
+    const QVariantList list = value.toList();
+    return list.count(0) == list.size();
+}
+
+/// Calls a slot or emits a signal.
+QVariant invoke(QObject *object, int method, QVariantList arguments)
+{
+    std::vector<void *> pointers{nullptr};
+    for (QVariant &argument : arguments)
+        pointers.push_back(argument.data());
+    object->qt_metacall(QMetaObject::InvokeMetaMethod, method, pointers.data());
+    return {};
+}
+
+QVector<mcusim::Operation> bridgeOperations()
+{
+    using Object = McuVechicleBridge;
+    return {CALL(headlight, ""),
+            CALL(parking, ""),
+            CALL(reverse, ""),
+            CALL(turnlight, ""),
+            CALL(carSpeed, ""),
+            CALL(wheelAngle, ""),
+            CALL(doorState, ""),
+            CALL(notifyHeadlightUpdate, "onoff, from"),
+            CALL(notifyParkingUpdate, "onoff, from"),
+            CALL(notifyReverseUpdate, "onoff, from"),
+            CALL(notifyTurnLightUpdate, "turnlight"),
+            CALL(notifyCarSpeedUpdate, "kmh"),
+            CALL(notifyDoorUpdate, "doorState"),
+            CALL(notifySteeringAngleUpdate, "angle")};
+}
+
+} // namespace
+
+const QVector<mcusim::Operation> &scriptOperations()
+{
+    static const QVector<mcusim::Operation> all = [] {
+        QVector<mcusim::Operation> table = mcusim::operations();
+        using Object = mcu::McuService;
+        table.append(CALL(init, ""));
+        table.append({"McuService.notifyAutoTestPackage",
+                      {{QMetaType::Int, "len"}, {QMetaType::QByteArray, "data"}},
+                      QMetaType::Void,
+                      [](QObject *service, const QVariantList &arguments) {
+                          QByteArray data = arguments[1].toByteArray();
+                          static_cast<mcu::McuService *>(service)->notifyAutoTestPackage(
+                              arguments[0].toInt(), data.data());
+                          return QVariant();
+                      }});
+        return table + bridgeOperations();
+    }();
+    return all;
+}
+
+QStringList splitOutside(const QString &text, const QString &separator)
+{
+    QStringList parts{QString()};
+    int depth = 0;
+    bool quoted = false;
+    for (int i = 0; i < text.size(); ++i) {
+        const QChar character = text[i];
+        if (character == '"' && text.mid(i - 1, 1) != "\\")
+            quoted = !quoted;
+        else if (!quoted)
+            depth += QString("([{").count(character) - QString(")]}").count(character);
+        if (!quoted && depth == 0 && text.mid(i, separator.size()) == separator) {
+            parts.append(QString());
+            i += separator.size() - 1;
+        } else {
+            parts.last() += character;
+        }
+    }
+    for (QString &part : parts)
+        part = part.trimmed();
+    parts.removeAll(QString());
+    return parts;
+}
+
+Stage::Stage(substitute::VirtualClock *clock, Inputs inputs) : m_clock(clock), m_inputs(inputs)
+{
+    putBack();
+    m_service = std::make_unique<mcu::McuService>();
+    m_service->init();
+    add("McuService", m_service.get(), "");
+    add("McuVechicleBridge", McuVechicleBridge::instance(), "bridge.");
+    m_readings.push_back({"McuVechicleBridge", "bridge.radarDistance", radarDistances});
+    add("McuRadioInterface", mcu::McuRadioInterface::instance(), "radio.");
+    add("AutoTestHandler", mcu::AutoTestHandler::instance(), "handler.");
+    add("unlinked McuService", &m_unlinkedService, "unlinked.");
+    add("unlinked McuRadioInterface", &m_unlinkedRadio, "unlinked.");
+    add("unlinked McuManager", &m_unlinkedManager, "unlinked.");
+    link::log().setListener([this](const substitute::Call &call) { note(commandText(call)); });
+    platform::log().setListener([this](const substitute::Call &call) { note(platformText(call)); });
+}
+
+Stage::~Stage()
+{
+    link::log().setListener(nullptr);
+    platform::log().setListener(nullptr);
+}
+
+/// Makes an object known by a name: notes what it emits and reads what it lets be read.
+void Stage::add(const QString &name, QObject *object, const QString &prefix)
+{
+    m_objects[name] = object;
+    m_taps.push_back(std::make_unique<substitute::SignalTap>(
+        object, [this, prefix](const QMetaMethod &signal, const QVariantList &arguments) {
+            const bool isElsewhere = QThread::currentThread() != qApp->thread();
+            note((isElsewhere ? "elsewhere " : "") + prefix + show(signal.name(), arguments));
+        }));
+    for (const mcusim::Operation &query : queriesOf(name.section(' ', -1))) {
+        m_readings.push_back({name, prefix + query.name.section('.', 1),
+                              [object, query] { return query.call(object, {}); }});
+    }
+    if (auto *service = qobject_cast<mcu::McuService *>(object)) {
+        m_readings.push_back(
+            {name, prefix + "setupInfo", [service] { return values(service->setupInfo()); }});
+        m_readings.push_back(
+            {name, prefix + "setupInfo1", [service] { return values(service->setupInfo1()); }});
+    }
+}
+
+QStringList Stage::play(const QString &stimulus)
+{
+    const QVariantList before = readings();
+    m_effects.clear();
+    QStringList texts;
+    const QStringList together = splitOutside(stimulus, " & ");
+    for (const QString &one : together)
+        texts += perform(one);
+    m_clock->settle();
+
+    const QVariantList after = readings();
+    for (const Effect &effect : qAsConst(m_effects)) {
+        const QStringList old = differing(effect.readings, after);
+        const bool isStored = together.size() > 1 || old.isEmpty();
+        texts.append(isStored ? effect.text : effect.text + '{' + old.join(' ') + '}');
+    }
+    return texts + differing(after, before);
+}
+
+/// Does one thing; what it results in.
+QStringList Stage::perform(const QString &stimulus)
+{
+    const QStringList words = splitOutside(stimulus, " ");
+    if (m_objects.contains(stimulus))
+        return readAll(stimulus);
+    if (words.size() == 1 && stimulus.startsWith('+')) {
+        m_clock->advance(stimulus.mid(1).chopped(2).toInt());
+        return {};
+    }
+    if (!packetOf(stimulus).isEmpty())
+        return call("AutoTestHandler.onAutoTestPkgChanged(" + stimulus + ')');
+    if (stimulus == "start McuManager") {
+        m_manager = std::make_unique<McuManager>(m_service.get());
+        add("McuManager", m_manager.get(), "manager.");
+        return {};
+    }
+    if (words[0] != "set")
+        return call(stimulus);
+    QVariantList values;
+    for (const QString &word : words.mid(2))
+        values.append(parsed(word));
+    input([&] {
+        QString error;
+        if (settings.contains(words[1]))
+            settings[words[1]](values);
+        else if (!link::setAnswer(words[1], values[0], &error))
+            qFatal("%s", qPrintable(error));
+    });
+    return {};
+}
+
+QStringList Stage::call(const QString &stimulus)
+{
+    const Callee called = callee(stimulus);
+    const QStringList texts = argumentTexts(stimulus);
+    if (texts.size() != called.types.size())
+        qFatal("%d arguments wanted: %s", called.types.size(), qPrintable(stimulus));
+    QVariantList arguments;
+    for (int i = 0; i < texts.size(); ++i) {
+        arguments.append(parsed(texts[i]));
+        if (!arguments.last().convert(called.types[i]))
+            qFatal("%s is of another type in %s", qPrintable(texts[i]), qPrintable(stimulus));
+    }
+    QVariant result;
+    const auto run = [&] { result = called.call(arguments); };
+    if (called.isInput)
+        input(run);
+    else
+        run();
+    return result.isValid() ? QStringList{show(result)} : QStringList();
+}
+
+QStringList Stage::readAll(const QString &object) const
+{
+    QStringList texts;
+    for (const Reading &reading : m_readings) {
+        const QVariant value = reading.object == object ? reading.read() : QVariant();
+        if (value.isValid() && !isNeutral(value))
+            texts.append(reading.name.section('.', -1) + '=' + show(value));
+    }
+    return texts;
+}
+
+QVector<int> Stage::parameterTypes(const QString &stimulus) const
+{
+    return stimulus.contains('(') ? callee(stimulus).types : QVector<int>();
+}
+
+/// What "keyEventSgl(7,0)" or "unlinked McuService.SetVolume(12)" calls.
+Stage::Callee Stage::callee(const QString &stimulus) const
+{
+    const QString name = stimulus.section('(', 0, 0);
+    const int count = argumentTexts(stimulus).size();
+    const QString operationName = name.section(' ', -1);
+    const bool isReport = !name.contains('.');
+    QObject *object = isReport ? mcu::McuSrv::instance() : m_objects[name.section('.', 0, 0)];
+    if (!object)
+        qFatal("there is no object for %s", qPrintable(stimulus));
+    for (const mcusim::Operation &operation : scriptOperations()) {
+        if (operation.name == operationName && operation.parameters.size() == count) {
+            QVector<int> types;
+            for (const mcusim::Parameter &parameter : operation.parameters)
+                types.append(parameter.type);
+            return {
+                types,
+                [=](const QVariantList &arguments) { return operation.call(object, arguments); },
+                operation.name == "McuManager.updateAudioStatus"};
+        }
+    }
+    const QMetaObject *metaObject = object->metaObject();
+    for (int i = metaObject->methodOffset(); i < metaObject->methodCount(); ++i) {
+        const QMetaMethod method = metaObject->method(i);
+        if (method.name() != name.section('.', -1) || method.parameterCount() != count)
+            continue;
+        QVector<int> types;
+        for (int parameter = 0; parameter < count; ++parameter)
+            types.append(method.parameterType(parameter));
+        return {types, [=](const QVariantList &arguments) { return invoke(object, i, arguments); },
+                isReport};
+    }
+    qFatal("nothing is called %s with %d arguments", qPrintable(name), count);
+}
+
+void Stage::input(const std::function<void()> &action) const
+{
+    if (m_inputs == Inputs::OtherThread)
+        std::thread(action).join();
+    else
+        action();
+}
+
+void Stage::note(const QString &text)
+{
+    const bool isHere = QThread::currentThread() == qApp->thread();
+    m_effects.append({text, isHere ? readings() : QVariantList()});
+}
+
+/// All that can be read now. Some queries log, which is not what scripts want to see.
+QVariantList Stage::readings() const
+{
+    QLoggingCategory *category = QLoggingCategory::defaultCategory();
+    const bool isLogging = category->isDebugEnabled();
+    category->setEnabled(QtDebugMsg, false);
+    QVariantList values;
+    for (const Reading &reading : m_readings)
+        values.append(reading.read());
+    category->setEnabled(QtDebugMsg, isLogging);
+    return values;
+}
+
+QStringList Stage::differing(const QVariantList &readings, const QVariantList &others) const
+{
+    QStringList found;
+    for (int i = 0; i < qMin(readings.size(), others.size()); ++i) {
+        if (readings[i] != others[i])
+            found.append(m_readings[std::size_t(i)].name + '=' + show(readings[i]));
+    }
+    return found;
+}
+
+} // namespace testkit
