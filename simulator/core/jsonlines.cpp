@@ -18,17 +18,6 @@ namespace mcusim {
 
 namespace {
 
-QJsonDocument parse(const QByteArray &line, QString *error)
-{
-    QJsonParseError parsed{};
-    QJsonDocument document = QJsonDocument::fromJson(line, &parsed);
-    if (document.isArray())
-        *error = QStringLiteral("found an array");
-    else if (!document.isObject())
-        *error = parsed.errorString() + " at column " + QString::number(parsed.offset);
-    return document;
-}
-
 int countKeys(const QJsonValue &value)
 {
     const QJsonObject object = value.toObject();
@@ -89,7 +78,7 @@ bool LineReader::next(QByteArray *line)
     ++m_number;
     if (tooLong) {
         m_endless = found < 0;
-        throw Refusal(QStringLiteral("expected a line of at most 1 MiB"));
+        throw Refusal("expected a line of at most 1 MiB");
     }
     return true;
 }
@@ -101,110 +90,26 @@ QByteArray LineReader::rest()
     return line;
 }
 
-LineFile::LineFile(const QString &path, GoOn goOn)
-    : m_name(path == QLatin1String("-") ? QStringLiteral("standard input") : path),
-      m_goOn(std::move(goOn)),
-      m_descriptor(path == QLatin1String("-")
-                       ? dup(STDIN_FILENO)
-                       : open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC))
-{
-    struct stat about {};
-    const bool exists = m_descriptor >= 0 && fstat(m_descriptor, &about) == 0;
-    if (!exists || S_ISDIR(about.st_mode)) {
-        throw Refusal("cannot read " + m_name + ": " + qt_error_string(exists ? EISDIR : errno));
-    }
-    if (S_ISREG(about.st_mode))
-        m_size = about.st_size;
-}
-
-LineFile::~LineFile() { close(m_descriptor); }
-
-bool LineFile::next(QByteArray *line)
-{
-    try {
-        while (!m_lines.next(line)) {
-            if (!fill()) {
-                m_isTail = true;
-                *line = m_wasInterrupted ? QByteArray() : m_lines.rest();
-                return !line->isEmpty();
-            }
-        }
-        return true;
-    } catch (const Refusal &refusal) {
-        throw located(refusal);
-    }
-}
-
-void LineFile::rewind()
-{
-    lseek(m_descriptor, 0, SEEK_SET);
-    m_read = 0;
-    m_lines = {};
-    m_isTail = false;
-}
-
-Refusal LineFile::located(const Refusal &refusal) const
-{
-    return Refusal(m_name + ": line " + QString::number(number()) + ": " + refusal.text());
-}
-
-/// Reads more; false when there is nothing more.
-bool LineFile::fill()
-{
-    constexpr int interval = 200;
-    pollfd input{m_descriptor, POLLIN, 0};
-    while (m_goOn && poll(&input, 1, interval) <= 0) {
-        if (!m_goOn()) {
-            m_wasInterrupted = true;
-            return false;
-        }
-    }
-    char bytes[1 << 16];
-    const ssize_t size = read(m_descriptor, bytes, sizeof bytes);
-    if (size < 0)
-        throw Refusal("cannot be read (" + qt_error_string() + ')');
-    m_lines.feed(bytes, int(size));
-    m_read += size;
-    return size > 0;
-}
-
 QJsonObject readObject(const QByteArray &line)
 {
-    QString error;
-    const QJsonObject object = parse(line, &error).object();
-    if (!error.isEmpty())
-        throw Refusal("expected a JSON object (" + error + "), got " +
-                      excerpt(QString::fromUtf8(line.left(200))));
+    QJsonParseError error{};
+    const QJsonDocument document = QJsonDocument::fromJson(line, &error);
+    if (!document.isObject()) {
+        throw Refusal("expected a JSON object (" +
+                      (document.isArray()
+                           ? "found an array"
+                           : error.errorString() + " at column " + QString::number(error.offset)) +
+                      "), got " + excerpt(QString::fromUtf8(line.left(200))));
+    }
+    const QJsonObject object = document.object();
     if (countKeys(object) != countColons(line)) {
         for (const QString &key : object.keys()) {
             if (line.count('"' + key.toUtf8() + '"') > 1)
                 throw Refusal(excerpt(key) + " stands there twice");
         }
-        throw Refusal(QStringLiteral("a key stands there twice"));
+        throw Refusal("a key stands there twice");
     }
     return object;
-}
-
-bool isTorn(const QByteArray &line)
-{
-    QString error;
-    parse(line, &error);
-    return !error.isEmpty() && line.trimmed().startsWith('{');
-}
-
-QString expectedMetadata()
-{
-    return QStringLiteral(R"(expected {"metadata":{"version":1,...}} alone in the first line)");
-}
-
-QJsonObject readMetadata(const QJsonObject &line, const QStringList &keys)
-{
-    const QJsonObject metadata = line.value(QLatin1String("metadata")).toObject();
-    if (metadata.value(QLatin1String("version")) != QJsonValue(1) || line.size() != 1) {
-        throw Refusal(expectedMetadata() + ", got " + excerpt(QJsonValue(line)));
-    }
-    allowKeys(metadata, QStringList(QStringLiteral("version")) + keys);
-    return metadata;
 }
 
 void allowKeys(const QJsonObject &object, const QStringList &keys)
@@ -236,6 +141,144 @@ bool readFlag(const QJsonObject &object, const char *key)
     if (!value.isBool() && !value.isUndefined())
         refuseValue(object, key, "true or false");
     return value.toBool();
+}
+
+JsonLinesFile::JsonLinesFile(const QString &path, GoOn goOn, const QStringList &metadataKeys)
+    : m_name(path == "-" ? QStringLiteral("standard input") : path), m_goOn(std::move(goOn)),
+      m_metadataKeys(metadataKeys),
+      m_descriptor(path == "-" ? dup(STDIN_FILENO)
+                               : open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC))
+{
+    struct stat about {};
+    const bool exists = m_descriptor >= 0 && fstat(m_descriptor, &about) == 0;
+    if (!exists || S_ISDIR(about.st_mode))
+        throw Refusal("cannot read " + m_name + ": " + qt_error_string(exists ? EISDIR : errno));
+    if (S_ISREG(about.st_mode))
+        m_size = about.st_size;
+    readMetadata();
+}
+
+JsonLinesFile::~JsonLinesFile() { close(m_descriptor); }
+
+void JsonLinesFile::rewind()
+{
+    lseek(m_descriptor, 0, SEEK_SET);
+    m_lines = {};
+    m_read = 0;
+    m_count = m_tornLine = 0;
+    m_isAtEnd = m_hasMetadata = m_hasEnded = false;
+    readMetadata();
+}
+
+QString JsonLinesFile::warning() const
+{
+    return m_name + ": " +
+           (m_tornLine > 0 ? "line " + QString::number(m_tornLine) + " is torn and left out"
+                           : QStringLiteral("the end is missing")) +
+           (m_metadata.recording ? "; what is there of the recording is compared" : "");
+}
+
+void JsonLinesFile::readMetadata()
+{
+    QByteArray line;
+    while (nextLine(&line) && line.trimmed().isEmpty()) {
+    }
+    if (m_wasInterrupted)
+        return;
+    const QByteArray opening = R"({"metadata":)"; // a recording can be cut in it, too
+    if (isTorn(line) && opening.startsWith(line.left(opening.size()))) {
+        m_tornLine = number();
+        return;
+    }
+    try {
+        const QJsonObject object = line.isEmpty() ? QJsonObject() : readObject(line);
+        const QJsonObject metadata = object.value("metadata").toObject();
+        if (metadata.value("version") != QJsonValue(1) || object.size() != 1) {
+            throw Refusal(
+                R"(expected {"metadata":{"version":1,...}} alone in the first line, got )" +
+                excerpt(QJsonValue(object)));
+        }
+        allowKeys(metadata, QStringList("version") + m_metadataKeys);
+        m_metadata = {readText(metadata, "description"), readFlag(metadata, "recording"),
+                      readFlag(metadata, "end")};
+        m_hasMetadata = true;
+    } catch (const Refusal &refusal) {
+        throw located(refusal);
+    }
+}
+
+bool JsonLinesFile::advance()
+{
+    QByteArray line;
+    while (m_tornLine == 0 && nextLine(&line)) {
+        if (line.trimmed().isEmpty())
+            continue;
+        if (isTorn(line)) {
+            m_tornLine = number();
+            break;
+        }
+        try {
+            if (m_hasEnded)
+                throw Refusal("expected nothing after the end mark");
+            m_hasEnded = !take(readObject(line));
+        } catch (const Refusal &refusal) {
+            throw located(refusal);
+        }
+        if (!m_hasEnded) {
+            ++m_count;
+            return true;
+        }
+    }
+    if (m_count == 0 && m_hasMetadata && !m_metadata.recording && !m_wasInterrupted)
+        throw Refusal(m_name + ": expected at least one line after the metadata");
+    return false;
+}
+
+/// The last line may come without its end.
+bool JsonLinesFile::nextLine(QByteArray *line)
+{
+    try {
+        while (!m_lines.next(line)) {
+            if (!fill()) {
+                m_isAtEnd = true;
+                *line = m_wasInterrupted ? QByteArray() : m_lines.rest();
+                return !line->isEmpty();
+            }
+        }
+        return true;
+    } catch (const Refusal &refusal) {
+        throw located(refusal);
+    }
+}
+
+/// Reads more; false when there is nothing more.
+bool JsonLinesFile::fill()
+{
+    constexpr int interval = 200;
+    pollfd input{m_descriptor, POLLIN, 0};
+    while (m_goOn && poll(&input, 1, interval) <= 0) {
+        m_wasInterrupted = !m_goOn();
+        if (m_wasInterrupted)
+            return false;
+    }
+    char bytes[1 << 16];
+    const ssize_t size = read(m_descriptor, bytes, sizeof bytes);
+    if (size < 0)
+        throw Refusal("cannot be read (" + qt_error_string() + ')');
+    m_lines.feed(bytes, int(size));
+    m_read += size;
+    return size > 0;
+}
+
+bool JsonLinesFile::isTorn(const QByteArray &line) const
+{
+    return m_isAtEnd && line.trimmed().startsWith('{') && QJsonDocument::fromJson(line).isNull();
+}
+
+Refusal JsonLinesFile::located(const Refusal &refusal) const
+{
+    return Refusal(m_name + ": line " + QString::number(std::max(1, number())) + ": " +
+                   refusal.text());
 }
 
 } // namespace mcusim

@@ -34,67 +34,85 @@ private:
     bool m_endless = false; ///< the rest of a refused line is still to come
 };
 
-/// The lines of a file, of a pipe or, as "-", of standard input. Read as they are asked for: what a
-/// pipe brings is there as soon as its line is.
-class LineFile {
+/// The object of a line. Throws a Refusal when it is none or has a key twice.
+QJsonObject readObject(const QByteArray &line);
+/// Throws a Refusal when an object has other keys.
+void allowKeys(const QJsonObject &object, const QStringList &keys);
+/// Throws a Refusal that names the key, what it expects and what stands there.
+[[noreturn]] void refuseValue(const QJsonObject &object, const char *key, const char *expected);
+/// What a key holds; empty and false without the key. Throws a Refusal for another type.
+QString readText(const QJsonObject &object, const char *key);
+bool readFlag(const QJsonObject &object, const char *key);
+
+/// A file, a pipe or, as "-", standard input, with its metadata in the first line and one thing in
+/// each other. It is read as it is asked for: what a pipe brings is there as soon as its line is.
+class JsonLinesFile {
 public:
     /// Asked several times a second while a pipe brings nothing; false ends the waiting.
     using GoOn = std::function<bool()>;
 
-    /// Throws a Refusal when there is no such file.
-    explicit LineFile(const QString &path, GoOn goOn = {});
-    ~LineFile();
-    LineFile(const LineFile &) = delete;
-    LineFile &operator=(const LineFile &) = delete;
+    struct Metadata {
+        QString description;
+        /// All that came out is there: playing it must give exactly that again.
+        bool recording = false;
+        /// A recording that closes with an end mark, so that a cut one can be told.
+        bool end = false;
+    };
 
-    /// False at the end and when the waiting was ended. A Refusal for a line that is too long and
-    /// when reading fails.
-    bool next(QByteArray *line);
-    /// Whether nothing follows the line that next() gave, not even a line end.
-    bool isTail() const { return m_isTail; }
-    bool wasInterrupted() const { return m_wasInterrupted; }
+    virtual ~JsonLinesFile();
+    JsonLinesFile(const JsonLinesFile &) = delete;
+    JsonLinesFile &operator=(const JsonLinesFile &) = delete;
+
+    const QString &name() const { return m_name; }
+    const Metadata &metadata() const { return m_metadata; }
+    /// How many things have been read.
+    int count() const { return m_count; }
+    /// Whether the end mark has been read.
+    bool hasEnded() const { return m_hasEnded; }
+    /// At the end: whether lines are missing there, and the warning for it.
+    bool isCut() const { return m_tornLine > 0 || (m_metadata.end && !m_hasEnded); }
+    QString warning() const;
 
     /// Only a regular file can begin again.
     bool isRegular() const { return m_size >= 0; }
-    void rewind();
+    virtual void rewind();
     /// How much of a regular file has been read, from 0 to 1.
     double portion() const { return m_size > 0 ? double(m_read) / double(m_size) : 0; }
 
-    const QString &name() const { return m_name; }
+protected:
+    /// Reads the metadata, which may have these keys beside the version. Like advance(), throws a
+    /// Refusal with name and line.
+    JsonLinesFile(const QString &path, GoOn goOn, const QStringList &metadataKeys);
+
+    /// Reads on to the next thing. False at the end, and when the waiting was ended.
+    bool advance();
+    /// Takes a line; false when it is the end mark.
+    virtual bool take(const QJsonObject &line) = 0;
     int number() const { return m_lines.number(); }
-    /// A refusal of the line that next() gave, with its place.
-    Refusal located(const Refusal &refusal) const;
+
+    bool m_hasEnded = false;
 
 private:
+    bool nextLine(QByteArray *line);
     bool fill();
+    void readMetadata();
+    bool isTorn(const QByteArray &line) const;
+    Refusal located(const Refusal &refusal) const;
 
     QString m_name;
     GoOn m_goOn;
+    QStringList m_metadataKeys;
     int m_descriptor;
     qint64 m_size = -1;
     qint64 m_read = 0;
-    LineReader m_lines;
-    bool m_isTail = false;
+    bool m_isAtEnd = false;
     bool m_wasInterrupted = false;
+
+    LineReader m_lines;
+    Metadata m_metadata;
+    bool m_hasMetadata = false;
+    int m_count = 0;
+    int m_tornLine = 0;
 };
-
-/// The object of a line. A Refusal when it is none or has a key twice.
-QJsonObject readObject(const QByteArray &line);
-/// Whether a line without an end may be one that was cut off.
-bool isTorn(const QByteArray &line);
-
-/// The inside of a first line {"metadata":{"version":1,...}} that may hold these keys, too.
-QJsonObject readMetadata(const QJsonObject &line, const QStringList &keys);
-
-/// What to say where such a line is missing.
-QString expectedMetadata();
-
-/// A Refusal when the object has other keys.
-void allowKeys(const QJsonObject &object, const QStringList &keys);
-/// A Refusal that names the key, what it expects and what stands there.
-[[noreturn]] void refuseValue(const QJsonObject &object, const char *key, const char *expected);
-/// What a key holds; empty and false without the key, a Refusal for another type.
-QString readText(const QJsonObject &object, const char *key);
-bool readFlag(const QJsonObject &object, const char *key);
 
 } // namespace mcusim

@@ -14,41 +14,12 @@ namespace {
 constexpr std::size_t shownFaults = 20;
 constexpr std::size_t keptOutputs = 1000;
 
-quint64 fingerprint(const QVariant &value)
-{
-    const auto hash = [](const void *data, int size) {
-        return std::hash<std::string_view>()({static_cast<const char *>(data), std::size_t(size)});
-    };
-    switch (value.userType()) {
-    case QMetaType::QString: {
-        const QString text = value.toString();
-        return hash(text.constData(), text.size() * int(sizeof(QChar)));
-    }
-    case QMetaType::QByteArray: {
-        const QByteArray bytes = value.toByteArray();
-        return hash(bytes.constData(), bytes.size());
-    }
-    case QMetaType::QVariantList: {
-        quint64 print = 0;
-        for (const QVariant &item : value.toList())
-            print = print * 31 + fingerprint(item);
-        return print;
-    }
-    default:
-        return quint64(value.toLongLong());
-    }
-}
-
 /// Equal for events that are the same, and in practice for no others.
 quint64 fingerprint(const Event &event)
 {
-    quint64 print = quint64(reinterpret_cast<quintptr>(event.what));
-    for (const QVariant &value : event.values) {
-        print ^= fingerprint(value) + quint64(value.userType());
-        print *= 0x9e3779b97f4a7c15;
-        print ^= print >> 32;
-    }
-    return print;
+    const QByteArray values = writtenValue(event.values);
+    const std::string_view view(values.constData(), std::size_t(values.size()));
+    return std::hash<std::string_view>()(view) ^ quint64(reinterpret_cast<quintptr>(event.what));
 }
 
 QString text(const Event &event) { return event.text() + " at " + seconds(event.time); }

@@ -108,12 +108,8 @@ void addChunks(const QJsonObject &line, StationTest &test)
 
 StationTest readTest(const Catalogue &names, const QJsonObject &line)
 {
-    static const QStringList known{
-        QStringLiteral("test"),      QStringLiteral("status"), QStringLiteral("send"),
-        QStringLiteral("split"),     QStringLiteral("broken"), QStringLiteral("keys"),
-        QStringLiteral("panelKeys"), QStringLiteral("reply"),  QStringLiteral("signal"),
-        QStringLiteral("value"),     QStringLiteral("answer"), QStringLiteral("within")};
-    allowKeys(line, known);
+    allowKeys(line, {"test", "status", "send", "split", "broken", "keys", "panelKeys", "reply",
+                     "signal", "value", "answer", "within"});
     StationTest test;
     test.name = readText(line, "test");
     if (test.name.isEmpty())
@@ -142,44 +138,21 @@ StationTest readTest(const Catalogue &names, const QJsonObject &line)
 
 } // namespace
 
-SequenceFile::SequenceFile(const Catalogue &names, const QString &path, LineFile::GoOn goOn)
-    : m_names(names), m_file(path, std::move(goOn))
+SequenceFile::SequenceFile(const Catalogue &names, const QString &path, GoOn goOn)
+    : JsonLinesFile(path, std::move(goOn), {"description"}), m_names(names)
 {
 }
 
 std::optional<StationTest> SequenceFile::next()
 {
-    QByteArray line;
-    while (m_file.next(&line)) {
-        if (line.trimmed().isEmpty())
-            continue;
-        try {
-            const QJsonObject object = readObject(line);
-            if (m_hasMetadata) {
-                StationTest test = readTest(m_names, object);
-                test.line = m_file.number();
-                ++m_tests;
-                return test;
-            }
-            m_description =
-                readText(readMetadata(object, {QStringLiteral("description")}), "description");
-            m_hasMetadata = true;
-        } catch (const Refusal &refusal) {
-            throw m_file.located(refusal);
-        }
-    }
-    if (!m_hasMetadata)
-        throw Refusal(m_file.name() + ": line 1: " + expectedMetadata());
-    if (m_tests == 0)
-        throw Refusal(m_file.name() + ": expected at least one test");
-    return {};
+    return advance() ? std::optional(m_test) : std::nullopt;
 }
 
-void SequenceFile::rewind()
+bool SequenceFile::take(const QJsonObject &line)
 {
-    m_file.rewind();
-    m_hasMetadata = false;
-    m_tests = 0;
+    m_test = readTest(m_names, line);
+    m_test.line = number();
+    return true;
 }
 
 } // namespace mcusim

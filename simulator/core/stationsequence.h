@@ -23,25 +23,20 @@ struct StationTest {
     int within = 500;               ///< virtual milliseconds for all of them
 };
 
-/// A sequence in a file, read as it is asked for.
-class SequenceFile {
+class SequenceFile : public JsonLinesFile {
 public:
-    SequenceFile(const Catalogue &names, const QString &path, LineFile::GoOn goOn = {});
+    /// Like next(), throws a Refusal that names file and line.
+    SequenceFile(const Catalogue &names, const QString &path, GoOn goOn = {});
 
-    /// The next test; nothing at the end. Throws a Refusal that names file and line.
+    /// The next test; nothing at the end.
     std::optional<StationTest> next();
-    void rewind();
 
-    const LineFile &file() const { return m_file; }
-    /// Once a test has been read.
-    const QString &description() const { return m_description; }
+protected:
+    bool take(const QJsonObject &line) override;
 
 private:
     const Catalogue &m_names;
-    LineFile m_file;
-    QString m_description;
-    bool m_hasMetadata = false;
-    int m_tests = 0;
+    StationTest m_test;
 };
 
 } // namespace mcusim

@@ -1,4 +1,4 @@
-// One way for all commands to read their options.
+// The commands of mcusim, and one way for all to read their options.
 #pragma once
 
 #include "refusal.h"
@@ -7,6 +7,14 @@
 #include <QVector>
 
 namespace mcusim {
+
+// Each returns the exit status, and throws a Refusal for what it cannot use.
+int playCommand(const QStringList &arguments);
+int listCommand(const QStringList &arguments);
+int stationCommand(const QStringList &arguments);
+int updatesCommand(const QStringList &arguments);
+int textCommand(const QStringList &arguments);
+int recordsCommand(const QStringList &arguments);
 
 class CommandLine {
 public:

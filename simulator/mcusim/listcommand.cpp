@@ -14,16 +14,13 @@ namespace mcusim {
 
 namespace {
 
-void put(const QString &line) { std::fputs((line + '\n').toUtf8().constData(), stdout); }
-
 /// What the interface says of a value by its name; all else are codes of the MCU.
 QString unit(const Parameter &parameter)
 {
-    static const QMap<QString, QString> units{
-        {QStringLiteral("kmh"), QStringLiteral("km/h")},
-        {QStringLiteral("percent"), QStringLiteral("%")},
-        {QStringLiteral("ms"), QStringLiteral("milliseconds")},
-        {QStringLiteral("steering_angle"), QStringLiteral("tenths of a degree")}};
+    static const QMap<QString, QString> units{{"kmh", "km/h"},
+                                              {"percent", "%"},
+                                              {"ms", "milliseconds"},
+                                              {"steering_angle", "tenths of a degree"}};
     return units.value(parameter.name);
 }
 
@@ -58,19 +55,17 @@ QJsonObject json(const Signature &signature)
 {
     QJsonArray parameters;
     for (const Parameter &parameter : signature.parameters) {
-        QJsonObject entry{{QStringLiteral("name"), parameter.name},
-                          {QStringLiteral("type"), typeName(parameter)}};
+        QJsonObject entry{{"name", parameter.name}, {"type", typeName(parameter)}};
         if (parameter.length > 0)
-            entry.insert(QStringLiteral("length"), parameter.length);
+            entry.insert("length", parameter.length);
         if (!unit(parameter).isEmpty())
-            entry.insert(QStringLiteral("unit"), unit(parameter));
+            entry.insert("unit", unit(parameter));
         parameters.append(entry);
     }
-    QJsonObject object{{QStringLiteral("kind"), info(signature.kind).key},
-                       {QStringLiteral("name"), signature.name},
-                       {QStringLiteral("parameters"), parameters}};
+    QJsonObject object{
+        {"kind", info(signature.kind).key}, {"name", signature.name}, {"parameters", parameters}};
     if (const auto *record = recordOf(signature))
-        object.insert(QStringLiteral("record"), recordJson(*record));
+        object.insert("record", recordJson(*record));
     return object;
 }
 

@@ -1,17 +1,13 @@
 // mcusim play: plays scenarios and says whether what was expected came back.
+#include "bench.h"
 #include "commandline.h"
-#include "process.h"
 #include "verdicts.h"
 
-#include "counters.h"
-#include "filter.h"
 #include "player.h"
 #include "printer.h"
-#include "recorder.h"
-#include "substituteplatform.h"
+#include "scenario.h"
+#include "sinks.h"
 #include "values.h"
-
-#include <QCoreApplication>
 
 #include <limits>
 
@@ -59,16 +55,14 @@ public:
         m_sinceShown.invalidate();
     }
 
-    void update(qint64 now, double portion)
+    void show(qint64 now, double portion)
     {
         constexpr qint64 interval = 200;
         if (!m_isShown || (m_sinceShown.isValid() && m_sinceShown.elapsed() < interval))
             return;
         m_sinceShown.start();
-        QString text = '\r' + QString::number(double(now) / 1000, 'f', 1) + " s";
-        if (portion > 0)
-            text += ", " + QString::number(100 * portion, 'f', 0) + " % read";
-        std::fputs((text + "\033[K").toLatin1().constData(), console());
+        std::fprintf(console(), "\r%lld s, %d %% read\033[K", static_cast<long long>(now / 1000),
+                     int(100 * portion));
     }
 
 private:
@@ -76,226 +70,194 @@ private:
     QElapsedTimer m_sinceShown;
 };
 
-/// What the command line asks for.
-struct Options {
-    double speed = 1; ///< 0 does not wait
-    qint64 from = 0;
-    qint64 to = noEnd;
-    int loops = 1; ///< 0 for no end
-    bool json = false;
-    bool quiet = false;
-    QStringList only;
-    QStringList except;
-    Printer::Look look;
-    bool isOneOfMany = false;
-    SubstitutePlatform::Reports reports = SubstitutePlatform::Reports::MainThread;
+/// One file, played in a process that has played nothing before.
+class Play {
+public:
+    Play(const CommandLine &line, const QString &path);
+
+    int run(JUnitFile &junit);
+
+private:
+    bool isWhole() const { return !m_line.isSet("only") && !m_line.isSet("except") && m_from == 0; }
+    std::optional<Event> next();
+    bool playAll();
+    qint64 lastMoment() const;
+    void printSummary(qint64 elapsed);
+
+    const CommandLine &m_line;
+    qint64 m_from;
+    qint64 m_to;
+    int m_loops;
+    bool m_isJson;
+    Progress m_progress;
+    Bench m_bench;
+    ScenarioFile m_file;
+    Counters m_counters;
+    Judge m_judge;
+    Printer m_printer;
+    std::optional<Recorder> m_recorder;
+    Filter m_filter;
+    Player m_player;
+    int m_pass = 1;
+    qint64 m_passBegan = 0;
 };
 
-/// Reads a file to its end; a fault in it must not show when half of it is played.
-void check(ScenarioFile &file)
+Play::Play(const CommandLine &line, const QString &path)
+    : m_line(line), m_from(line.moment("from", 0)), m_to(line.moment("to", noEnd)),
+      m_loops(line.count("loop", 1)), m_isJson(line.isSet("json")),
+      m_progress(line.isSet("quiet") || (m_isJson && !isatty(STDOUT_FILENO))),
+      m_bench(line.isSet("reader-thread") ? SubstitutePlatform::Reports::ReaderThread
+                                          : SubstitutePlatform::Reports::MainThread,
+              [this](qint64 now) { m_progress.show(now, m_file.portion()); }),
+      m_file(m_bench.names, path, [this] { return !wasInterrupted(); }),
+      // Played again and again a recording no longer comes back whole.
+      m_judge(m_file.metadata().recording && m_loops == 1),
+      // In a recording the summary stands beside it, on standard error.
+      m_printer(m_isJson ? console() : stdout, {line.isSet("wide") ? 0 : terminalWidth(),
+                                                showsColour(m_isJson ? console() : stdout)}),
+      m_filter(m_bench.names, line.values("only"), line.values("except")),
+      m_player([this] { return next(); }, m_bench.simulation, &m_judge)
 {
-    while (file.next()) {
-    }
-    if (file.isCut())
-        complain("warning: " + file.warning());
+    if (!m_file.isRegular() && m_loops != 1)
+        throw Refusal(m_file.name() + ": --loop expects a file that can be read again");
+    readAhead(m_file);
 }
 
-/// The events of a file, over and over if asked for, each time a second after the last.
-Player::Source looped(ScenarioFile &file, int loops)
+int Play::run(JUnitFile &junit)
 {
-    return [&file, loops, pass = 1, shift = qint64(0)]() mutable {
-        std::optional<Event> event = file.next();
-        while (event ? pass > 1 && !event->isInput() : pass != loops && !wasInterrupted()) {
-            if (!event) {
-                ++pass;
-                shift += file.reader().time() + afterLastInput;
-                file.rewind();
-            }
-            event = file.next();
+    QElapsedTimer elapsed;
+    elapsed.start();
+    if (!m_line.isSet("fast"))
+        std::setvbuf(stdout, nullptr, _IOLBF, 0); // each line when it comes
+    if (m_line.operands().size() > 1)
+        m_printer.print('\n' + m_file.name());
+    if (m_isJson)
+        m_filter.setSink(&m_recorder.emplace(
+            stdout, JsonLinesFile::Metadata{m_file.metadata().description, isWhole(), isWhole()}));
+    else if (!m_line.isSet("quiet"))
+        m_filter.setSink(&m_printer);
+    for (Sink *sink : std::initializer_list<Sink *>{&m_counters, &m_judge, &m_filter})
+        m_bench.simulation.addSink(sink);
+
+    m_bench.simulation.start();
+    const bool isAll = playAll();
+    const bool isAtEnd = isAll && !m_player.next();
+    m_judge.finish(!isAtEnd || !m_file.hasEnded());
+    if (m_recorder && isAll)
+        m_recorder->finish(m_bench.time.now());
+    m_progress.clear();
+    if (isAtEnd && m_file.isCut() && !m_file.isRegular())
+        complain("warning: " + m_file.warning());
+    if (isAtEnd && !m_file.isCut() && m_judge.isSurplus())
+        complain("warning: " + m_file.name() +
+                 ": more comes than is recorded; its end may be missing");
+    printSummary(elapsed.elapsed());
+    junit.write(m_file.name(), {{m_file.name(), m_bench.time.now(), m_judge.faults()}});
+    return wasInterrupted() ? Interrupted : m_judge.passed() ? Passed : Failed;
+}
+
+/// The events of the file, over and over if asked for, each time a second after the last.
+std::optional<Event> Play::next()
+{
+    std::optional<Event> event = m_file.next();
+    while (event ? m_pass > 1 && !event->isInput() : m_pass != m_loops && !wasInterrupted()) {
+        if (!event) {
+            ++m_pass;
+            m_passBegan += m_file.time() + afterLastInput;
+            m_file.rewind();
         }
-        if (event)
-            event->time += shift;
-        return event;
-    };
+        event = m_file.next();
+    }
+    if (event)
+        event->time += m_passBegan;
+    return event;
 }
 
-/// Plays a scenario between two of its moments. False when it was stopped before its end.
-bool play(Player &player, ScenarioFile &file, VirtualTime &time, Filter &filter,
-          const Options &options)
+/// False when it was stopped before its end.
+bool Play::playAll()
 {
-    if (options.from > 0) {
-        filter.setOpen(false);
-        if (!player.seek(options.from) || !time.advanceTo(options.from - 1))
+    if (m_from > 0) {
+        Sink *shown = m_filter.setSink(nullptr);
+        if (!m_player.seek(m_from) || !m_bench.time.advanceTo(m_from - 1))
             return false;
-        filter.setOpen(true);
+        m_filter.setSink(shown);
     }
-    time.setSpeed(options.speed);
-    if (!player.run(options.to))
+    m_bench.time.setSpeed(m_line.isSet("fast") ? 0 : m_line.number("speed", 1));
+    if (!m_player.run(m_to))
         return false;
-    qint64 end = options.to;
-    if (!player.next()) {
-        const ScenarioReader &reader = file.reader();
-        qint64 last = std::max(player.position(), player.lastInput() + afterLastInput);
-        if (reader.metadata().recording && (file.isCut() || reader.hasEnded()))
-            last = std::max(player.position(), reader.time());
-        end = std::min(end, last);
-    }
-    return time.advanceTo(end);
+    return m_bench.time.advanceTo(m_player.next() ? m_to : std::min(m_to, lastMoment()));
 }
 
-void printSummary(Printer &printer, const Counters &counters, const Judge &judge, qint64 duration,
-                  double elapsed)
+qint64 Play::lastMoment() const
 {
-    const auto number = [&counters](Kind kind, const char *thing) {
-        const qint64 count = counters.count(kind);
-        return QString::number(count) + ' ' + thing + (count == 1 ? "" : "s");
-    };
-    const auto tenths = [](double value) { return QString::number(value, 'f', 1) + " s"; };
+    if (m_file.metadata().recording && (m_file.isCut() || m_file.hasEnded()))
+        return m_file.time() + m_passBegan;
+    return std::max(m_player.position(), m_player.lastInput() + afterLastInput);
+}
+
+void Play::printSummary(qint64 elapsed)
+{
     constexpr int indent = 10;
-    printer.print({});
-    printer.print("Played    " + number(Kind::Report, "report") + " and " +
-                      number(Kind::Call, "call") + ", " + tenths(double(duration) / 1000) +
-                      " of driving in " + tenths(elapsed),
-                  indent);
-    printer.print("Received  " + number(Kind::Signal, "signal") + " by applications, " +
-                      number(Kind::Command, "command") + " by the link, " +
-                      number(Kind::Platform, "call") + " by the platform",
-                  indent);
-    const QMap<QString, qint64> unanswered = counters.unanswered();
+    const auto print = [this](const QString &text) { m_printer.print(text, indent); };
+    const auto count = [this](Kind kind, const char *thing) {
+        return counted(m_counters.count(kind), thing);
+    };
+    const auto tenths = [](qint64 time) {
+        return QString::number(double(time) / 1000, 'f', 1) + " s";
+    };
+    print({});
+    print("Played    " + count(Kind::Report, "report") + " and " + count(Kind::Call, "call") +
+          ", " + tenths(m_bench.time.now()) + " of driving in " + tenths(elapsed));
+    print("Received  " + count(Kind::Signal, "signal") + " by applications, " +
+          count(Kind::Command, "command") + " by the link, " + count(Kind::Platform, "call") +
+          " by the platform");
     QStringList names;
+    const QMap<QString, qint64> unanswered = m_counters.unanswered();
     for (auto report = unanswered.begin(); report != unanswered.end(); ++report)
         names.append(report.key() + " (" + QString::number(report.value()) + ')');
     if (!names.isEmpty())
-        printer.print("Unanswered reports, from which nothing left the library at once: " +
-                          names.join(QStringLiteral(", ")),
-                      indent);
-    if (printer.wasCut())
-        printer.print(
-            QStringLiteral("Lines are cut to the width of the terminal; --wide shows all."));
-    if (judge.met() > 0 || !judge.passed())
-        printer.print("Expected  " + QString::number(judge.met()) +
-                          (judge.met() == 1 ? " line" : " lines") + " came back",
-                      indent);
-    for (const QString &fault : judge.faults())
-        printer.print("FAILED    " + fault, indent, "31");
+        print("Unanswered reports, from which nothing left the library at once: " +
+              names.join(", "));
+    if (m_printer.wasCut())
+        print("Lines are cut to the width of the terminal; --wide shows all.");
+    if (m_judge.met() > 0 || !m_judge.passed())
+        print("Expected  " + counted(m_judge.met(), "line") + " came back");
+    for (const QString &fault : m_judge.faults())
+        m_printer.print("FAILED    " + fault, indent, "31");
     if (wasInterrupted())
-        printer.print(QStringLiteral("Interrupted"));
-    else if (judge.passed() && judge.met() > 0)
-        printer.print(QStringLiteral("Passed"), 0, "32");
+        print("Interrupted");
+    else if (m_judge.passed() && m_judge.met() > 0)
+        m_printer.print("Passed", indent, "32");
 }
 
-Verdict playFile(const QString &path, const Options &options)
-{
-    int argc = 1;
-    char name[] = "mcusim";
-    char *argv[] = {name, nullptr};
-    auto *clock = substitute::VirtualClock::install();
-    const QCoreApplication application(argc, argv);
-
-    SubstitutePlatform platform(options.reports);
-    const Catalogue names(platform);
-    Progress progress(options.quiet || (options.json && !isatty(STDOUT_FILENO)));
-    ScenarioFile file(names, path, [&] {
-        progress.update(clock->now(), 0);
-        return !wasInterrupted();
-    });
-    if (file.file().isRegular()) {
-        check(file);
-        file.rewind();
-    } else if (options.loops != 1) {
-        throw Refusal(file.file().name() + ": --loop expects a file that can be read again");
-    }
-
-    VirtualTime time(clock, [&](qint64 now) {
-        progress.update(now, file.file().portion());
-        return !wasInterrupted() && std::ferror(stdout) == 0;
-    });
-    Simulation simulation(names, platform, time);
-    Counters counters;
-    simulation.addSink(&counters);
-    const ScenarioReader &reader = file.reader();
-    // Played again and again it no longer comes back whole.
-    Judge judge(reader.metadata().recording && options.loops == 1);
-    simulation.addSink(&judge);
-
-    // In a recording the summary stands beside it, on standard error.
-    Printer printer(options.json ? console() : stdout, options.look);
-    std::optional<Recorder> recorder;
-    const bool isWhole = options.only.isEmpty() && options.except.isEmpty() && options.from == 0;
-    if (options.json)
-        recorder.emplace(stdout, Metadata{reader.metadata().description, isWhole, isWhole});
-    Filter filter(names, options.only, options.except,
-                  recorder ? static_cast<Sink &>(*recorder) : printer);
-    if (!options.quiet)
-        simulation.addSink(&filter);
-
-    if (options.speed > 0 || !file.file().isRegular())
-        std::setvbuf(stdout, nullptr, _IOLBF, 0); // each line when it comes
-    if (options.isOneOfMany)
-        printer.print('\n' + path);
-    QElapsedTimer elapsed;
-    elapsed.start();
-    simulation.start();
-    Player player(looped(file, options.loops), simulation, &judge);
-    const bool isWholly = play(player, file, time, filter, options);
-    progress.clear();
-    judge.finish(!isWholly || player.next() || !reader.hasEnded());
-    if (recorder && isWholly)
-        recorder->finish(time.now());
-    if (!file.file().isRegular() && isWholly && !player.next() && file.isCut())
-        complain("warning: " + file.warning());
-    else if (judge.isSurplus() && isWholly && !player.next() && !file.isCut())
-        complain("warning: " + path +
-                 ": the recording ends before what comes next; the end may be missing");
-    printSummary(printer, counters, judge, time.now(), double(elapsed.elapsed()) / 1000);
-    const int status = judge.passed() ? Passed : Failed;
-    return {path, wasInterrupted() ? int(Interrupted) : status, time.now(), judge.faults()};
-}
-
-Verdict checkFile(const QString &path)
+int checkFile(const QString &path)
 {
     SubstitutePlatform platform;
     const Catalogue names(platform);
     ScenarioFile file(names, path);
-    check(file);
-    const qint64 events = file.reader().events();
-    std::fputs((path + ": " + QString::number(events) + (events == 1 ? " event, " : " events, ") +
-                seconds(file.reader().time()) + " s\n")
-                   .toUtf8()
-                   .constData(),
-               stdout);
-    return {path, Passed, 0, {}};
+    readAll(file);
+    put(path + ": " + counted(file.count(), "event") + ", " + seconds(file.time()) + " s");
+    return Passed;
 }
 
-Options read(const CommandLine &line)
+/// Refuses what does not go together.
+void checkOptions(const CommandLine &line)
 {
     line.expectOperands(1, std::numeric_limits<int>::max(), "at least one file");
     line.exclude({"speed", "fast"});
     line.exclude({"quiet", "json", "wide"});
     for (const char *option : {"only", "except"})
         line.exclude({"quiet", option});
-    for (const char *option : {"speed", "fast", "only", "except", "wide", "quiet", "json", "from",
-                               "to", "loop", "junit", "reader-thread", "log"})
-        line.exclude({"check", option});
-    Options options;
-    options.speed = line.isSet("fast") ? 0 : line.number("speed", 1);
-    options.from = line.moment("from", 0);
-    options.to = line.moment("to", noEnd);
-    if (options.to < options.from)
-        line.refuse(QStringLiteral("--to expects a moment after --from"));
-    options.loops = line.count("loop", 1);
-    options.json = line.isSet("json");
-    options.quiet = line.isSet("quiet");
-    options.only = line.values("only");
-    options.except = line.values("except");
-    options.isOneOfMany = line.operands().size() > 1;
-    if (options.isOneOfMany && (options.json || line.isSet("loop")))
-        line.refuse(QStringLiteral("--json and --loop take one file"));
-    options.look.width = line.isSet("wide") ? 0 : terminalWidth(stdout);
-    options.look.colour = showsColour(options.json ? console() : stdout);
-    if (line.isSet("reader-thread"))
-        options.reports = SubstitutePlatform::Reports::ReaderThread;
-    return options;
+    for (const CommandLine::Option &option : usage.options) {
+        if (qstrcmp(option.name, "check") != 0)
+            line.exclude({"check", option.name});
+    }
+    line.number("speed", 1);
+    line.count("loop", 1);
+    if (line.moment("to", noEnd) < line.moment("from", 0))
+        line.refuse("--to expects a moment after --from");
+    if (line.operands().size() > 1 && (line.isSet("json") || line.isSet("loop")))
+        line.refuse("--json and --loop take one file");
 }
 
 } // namespace
@@ -303,21 +265,15 @@ Options read(const CommandLine &line)
 int playCommand(const QStringList &arguments)
 {
     const CommandLine line(arguments, usage);
-    const Options options = read(line);
+    checkOptions(line);
     noteInterrupts();
-    if (line.isSet("check")) {
-        return worst(runEach(line.operands(), [](const QString &path) {
-            return QVector<Verdict>{checkFile(path)};
-        }));
-    }
+    JUnitFile junit(line.value("junit"));
+    if (line.isSet("check"))
+        return runEach(line.operands(), junit, checkFile);
     if (!line.isSet("log"))
         silenceLibrary();
-    JUnitFile junit(line.value("junit"));
-    const QVector<Verdict> verdicts = runEach(line.operands(), [&options](const QString &path) {
-        return QVector<Verdict>{playFile(path, options)};
-    });
-    junit.write(QStringLiteral("mcusim play"), verdicts);
-    return worst(verdicts);
+    return runEach(line.operands(), junit,
+                   [&](const QString &path) { return Play(line, path).run(junit); });
 }
 
 } // namespace mcusim

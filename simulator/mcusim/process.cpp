@@ -25,6 +25,13 @@ void complain(const QString &why)
     std::fputs(("mcusim: " + why + '\n').toUtf8().constData(), console());
 }
 
+void put(const QString &line) { std::fputs((line + '\n').toUtf8().constData(), stdout); }
+
+QString counted(qint64 count, const char *thing)
+{
+    return QString::number(count) + ' ' + thing + (count == 1 ? "" : "s");
+}
+
 int written(int status)
 {
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0)
@@ -53,10 +60,10 @@ void noteInterrupts()
 
 bool wasInterrupted() { return interrupts != 0; }
 
-int terminalWidth(std::FILE *stream)
+int terminalWidth()
 {
     winsize size{};
-    if (ioctl(fileno(stream), TIOCGWINSZ, &size) == 0 && size.ws_col > 0)
+    if (ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 && size.ws_col > 0)
         return size.ws_col;
     return qEnvironmentVariableIntValue("COLUMNS");
 }

@@ -2,18 +2,24 @@
 // of the library.
 #pragma once
 
-#include "commands.h"
 #include "refusal.h"
 
 #include <cstdio>
 
 namespace mcusim {
 
+/// Exit statuses of all commands.
+enum Exit { Passed = 0, Failed = 1, Unusable = 2, Interrupted = 130 };
+
 /// Standard error as the user sees it, also while the library's own is silenced.
 std::FILE *console();
 
-/// "mcusim: ..." on it as one line.
+/// "mcusim: ..." on it as one line, and a line on standard output.
 void complain(const QString &why);
+void put(const QString &line);
+
+/// "1 report", "2 reports".
+QString counted(qint64 count, const char *thing);
 
 /// The status given, or Unusable with a line on standard error when standard output lost something.
 int written(int status);
@@ -26,8 +32,8 @@ void silenceLibrary();
 void noteInterrupts();
 bool wasInterrupted();
 
-/// Columns of the terminal that a stream is, or of COLUMNS; 0 without either.
-int terminalWidth(std::FILE *stream);
+/// Columns of the terminal that standard output is, or of COLUMNS; 0 without either.
+int terminalWidth();
 /// Whether lines may be coloured.
 bool showsColour(std::FILE *stream);
 

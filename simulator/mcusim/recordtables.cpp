@@ -83,19 +83,16 @@ QJsonObject recordJson(const RecordDescription &record)
     int offset = 0;
     for (const mcu::Field &field : record.fields) {
         if (!field.isGap())
-            fields.append(QJsonObject{{QStringLiteral("name"), text(field.name)},
-                                      {QStringLiteral("offset"), offset},
-                                      {QStringLiteral("bits"), int(8 * field.width)}});
+            fields.append(QJsonObject{
+                {"name", field.name}, {"offset", offset}, {"bits", int(8 * field.width)}});
         offset += int(field.width);
     }
-    QJsonObject object{{QStringLiteral("title"), text(record.title)},
-                       {QStringLiteral("report"), text(record.linkSignal)},
-                       {QStringLiteral("signal"), "McuService." + QString(signalName(record))},
-                       {QStringLiteral("bytes"), int(record.size())},
-                       {QStringLiteral("fields"), fields}};
-    if (record.getter)
-        object.insert(QStringLiteral("getter"), "McuService." + text(record.getter));
-    return object;
+    return {{"title", record.title},
+            {"report", record.linkSignal},
+            {"signal", QString(signalName(record))},
+            {"getter", record.getter},
+            {"bytes", offset},
+            {"fields", fields}};
 }
 
 QString updatedPage(const QString &page)

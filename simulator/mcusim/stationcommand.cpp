@@ -1,13 +1,11 @@
 // mcusim station: single packets by name or by bytes, or whole sequences with a verdict.
+#include "bench.h"
 #include "commandline.h"
-#include "process.h"
 #include "verdicts.h"
 
 #include "station.h"
-#include "substituteplatform.h"
 #include "values.h"
 
-#include <QCoreApplication>
 #include <QLoggingCategory>
 
 #include <limits>
@@ -30,8 +28,6 @@ const CommandLine::Usage usage{
      {"check", nullptr, "Only read the sequences."},
      {"quiet", nullptr, "Show the verdicts alone."},
      {"raw", nullptr, "Keep the library's raw lines on standard error."}}};
-
-void put(const QString &line) { std::fputs((line + '\n').toUtf8().constData(), stdout); }
 
 /// Shows packets in bytes and in words, and what applications receive.
 class Traffic : public Sink {
@@ -62,96 +58,66 @@ private:
     }
 };
 
-/// The factory station on the library, from start to end of a process.
-struct Bench {
-    explicit Bench(bool quiet)
-    {
-        if (!quiet)
-            simulation.addSink(&traffic);
-    }
-
-    int argc = 1;
-    char name[7] = "mcusim";
-    char *argv[2] = {name, nullptr};
-    substitute::VirtualClock *clock = substitute::VirtualClock::install();
-    QCoreApplication application{argc, argv};
-    SubstitutePlatform platform;
-    Catalogue names{platform};
-    VirtualTime time{clock, [](qint64) { return !wasInterrupted() && std::ferror(stdout) == 0; }};
-    Simulation simulation{names, platform, time};
-    Traffic traffic;
-};
-
-/// The packets of the command line as a test that expects nothing in particular.
+/// Runs packets of the command line as a test that expects nothing in particular.
 int sendPackets(const QStringList &texts)
 {
     StationTest test;
     test.status = 1;
     for (const QString &text : texts) {
         QByteArray bytes;
-        test.chunks.append(readHex(text, &bytes) && !bytes.isEmpty() ? bytes
-                                                                     : readPacket(text).bytes());
+        const bool isHex = readHex(text, &bytes) && !bytes.isEmpty();
+        test.chunks.append(isHex ? bytes : readPacket(text).bytes());
     }
-    Bench bench(false);
+    Bench bench;
+    Traffic traffic;
+    bench.simulation.addSink(&traffic);
     Station station(bench.simulation);
     bench.simulation.start();
     station.run(test);
     return Passed;
 }
 
-/// Reads a sequence to its end; a fault in it must not show when half of it has run.
-int check(SequenceFile &file)
-{
-    int tests = 0;
-    while (file.next())
-        ++tests;
-    return tests;
-}
-
-QVector<Verdict> checkSequence(const QString &path)
+int checkSequence(const QString &path)
 {
     SubstitutePlatform platform;
     const Catalogue names(platform);
     SequenceFile file(names, path);
-    const int tests = check(file);
-    put(path + ": " + QString::number(tests) + (tests == 1 ? " test" : " tests"));
-    return {};
+    readAll(file);
+    put(path + ": " + counted(file.count(), "test"));
+    return Passed;
 }
 
-/// The verdicts of a sequence; without `all` those of failed tests alone.
-QVector<Verdict> runSequence(const QString &path, bool quiet, bool all)
+int runSequence(const QString &path, bool quiet, JUnitFile &junit)
 {
-    Bench bench(quiet);
+    Bench bench;
     SequenceFile file(bench.names, path, [] { return !wasInterrupted(); });
-    if (file.file().isRegular()) {
-        check(file);
-        file.rewind();
-    } else {
-        std::setvbuf(stdout, nullptr, _IOLBF, 0); // each line when it comes
-    }
+    readAhead(file);
+    Traffic traffic;
+    if (!quiet)
+        bench.simulation.addSink(&traffic);
     Station station(bench.simulation);
     bench.simulation.start();
     QVector<Verdict> verdicts;
-    int passed = 0;
     int failed = 0;
     while (const std::optional<StationTest> test = file.next()) {
-        const StationResult result = station.run(*test);
-        if (wasInterrupted())
+        StationResult result = station.run(*test);
+        if (!bench.goesOn(bench.time.now()))
             break;
         const bool isGood = result.faults.isEmpty();
-        ++(isGood ? passed : failed);
+        failed += isGood ? 0 : 1;
         put((isGood ? "PASS  " : "FAIL  ") + printable(test->name));
-        QStringList faults;
-        for (const QString &fault : result.faults) {
-            faults.append("line " + QString::number(test->line) + ": " + fault);
-            put("      " + faults.last());
+        for (QString &fault : result.faults) {
+            fault = "line " + QString::number(test->line) + ": " + fault;
+            put("      " + fault);
         }
-        if (all || !isGood)
-            verdicts.append({test->name, isGood ? Passed : Failed, result.duration, faults});
+        if (junit.isOpen())
+            verdicts.append({test->name, result.duration, result.faults});
     }
-    put('\n' + printable(file.description()) + ": " + QString::number(passed) + " passed, " +
-        QString::number(failed) + " failed" + (wasInterrupted() ? ", interrupted" : ""));
-    return verdicts;
+    put('\n' + printable(file.metadata().description) + ": " +
+        QString::number(file.count() - failed) + " passed, " + QString::number(failed) + " failed" +
+        (wasInterrupted() ? ", interrupted" : ""));
+    junit.write(file.metadata().description, verdicts);
+    return wasInterrupted() ? Interrupted : failed == 0 ? Passed : Failed;
 }
 
 } // namespace
@@ -160,11 +126,10 @@ int stationCommand(const QStringList &arguments)
 {
     const CommandLine line(arguments, usage);
     line.exclude({"list", "send", "check", "junit"});
-    line.exclude({"list", "quiet"});
-    line.exclude({"list", "raw"});
-    line.exclude({"check", "quiet"});
-    line.exclude({"check", "raw"});
-    line.exclude({"send", "quiet"});
+    for (const char *option : {"list", "check", "send"})
+        line.exclude({option, "quiet"});
+    for (const char *option : {"list", "check"})
+        line.exclude({option, "raw"});
     if (line.isSet("list")) {
         line.expectOperands(0, 0, "nothing beside --list");
         for (const QString &did : didList())
@@ -173,19 +138,17 @@ int stationCommand(const QStringList &arguments)
     }
     line.expectOperands(1, std::numeric_limits<int>::max(), "a sequence, or --send and packets");
     noteInterrupts();
+    JUnitFile junit(line.value("junit"));
     if (line.isSet("check"))
-        return worst(runEach(line.operands(), checkSequence));
+        return runEach(line.operands(), junit, checkSequence);
     if (!line.isSet("raw"))
         silenceLibrary();
     QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, false);
     if (line.isSet("send"))
         return sendPackets(line.operands());
-    JUnitFile junit(line.value("junit"));
-    const QVector<Verdict> verdicts = runEach(line.operands(), [&line](const QString &path) {
-        return runSequence(path, line.isSet("quiet"), line.isSet("junit"));
+    return runEach(line.operands(), junit, [&](const QString &path) {
+        return runSequence(path, line.isSet("quiet"), junit);
     });
-    junit.write(QStringLiteral("mcusim station"), verdicts);
-    return worst(verdicts);
 }
 
 } // namespace mcusim

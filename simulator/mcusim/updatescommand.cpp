@@ -37,7 +37,7 @@ QString translated(const QString &key)
     return text;
 }
 
-void put(const char *search, QString found, const QString &root)
+void show(const char *search, QString found, const QString &root)
 {
     if (found.startsWith(current))
         found.replace(0, current.size(), root);
@@ -68,13 +68,13 @@ int updatesCommand(const QStringList &arguments)
     for (int file = 0; file < images; ++file) {
         const updatefiles::Image image = updatefiles::imageOf(file);
         std::printf("%d  %s %s\n", file, image.folder, image.name);
-        put("first medium",
-            updatefiles::findOnFirstMount(current, image.folder, image.name, CALL_SITE), root);
-        put("all media",
-            file == firstMediumAlone
-                ? QString()
-                : updatefiles::findOnAllMounts(current, image.folder, image.name, key, false),
-            root);
+        show("first medium",
+             updatefiles::findOnFirstMount(current, image.folder, image.name, CALL_SITE), root);
+        show("all media",
+             file == firstMediumAlone
+                 ? QString()
+                 : updatefiles::findOnAllMounts(current, image.folder, image.name, key, false),
+             root);
     }
     return Passed;
 }

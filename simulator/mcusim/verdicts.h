@@ -1,41 +1,44 @@
 // Verdicts of several files, each played in a process of its own: the library has one state.
 #pragma once
 
-#include "commands.h"
+#include "process.h"
 
 #include <QFile>
 #include <QVector>
 
 #include <functional>
 
+class QXmlStreamWriter;
+
 namespace mcusim {
 
+/// What came of a file, or of one test in it.
 struct Verdict {
     QString name;
-    int status = Passed;
     qint64 duration = 0; ///< virtual milliseconds
-    QStringList faults;
+    QStringList faults;  ///< a line for each; empty when all is well
 };
 
-/// Runs each file and collects what came of it. A file that cannot be used is one more verdict.
-QVector<Verdict> runEach(const QStringList &files,
-                         const std::function<QVector<Verdict>(const QString &file)> &run);
-
-/// The worst status of all.
-int worst(const QVector<Verdict> &verdicts);
-
-/// A file of verdicts for continuous integration; made before the run, so that no run is in vain.
+/// JUnit XML for continuous integration.
 class JUnitFile {
 public:
-    /// Empty for no file. Throws a Refusal when it cannot be written.
+    /// Made before the run, so that no run is in vain; an empty path is no file. Throws a Refusal
+    /// when it cannot be written.
     explicit JUnitFile(const QString &path);
 
-    void write(const QString &suite, const QVector<Verdict> &verdicts);
+    bool isOpen() const { return m_file.isOpen(); }
+    /// A suite for a file that could be used, or not.
+    void write(const QString &suite, const QVector<Verdict> &verdicts, bool isUsable = true);
+    /// What stands around the suites.
+    void frame(const char *text);
 
 private:
-    [[noreturn]] void refuse() const;
-
     QFile m_file;
 };
+
+/// Runs each file, which writes its suite, and returns the worst status. A file that cannot be used
+/// is told of, and the next one follows.
+int runEach(const QStringList &files, JUnitFile &junit,
+            const std::function<int(const QString &file)> &run);
 
 } // namespace mcusim

@@ -1,0 +1,67 @@
+// The library on a virtual clock, from start to end of a process.
+#pragma once
+
+#include "process.h"
+
+#include "clock.h"
+#include "simulation.h"
+#include "substituteplatform.h"
+
+#include <QCoreApplication>
+
+namespace mcusim {
+
+struct Bench {
+    /// Where play is now; told several times a second.
+    using Progress = std::function<void(qint64 now)>;
+
+    explicit Bench(SubstitutePlatform::Reports reports = SubstitutePlatform::Reports::MainThread,
+                   Progress showProgress = {})
+        : progress(std::move(showProgress)), platform(reports)
+    {
+    }
+
+    /// Until Ctrl-C, or until nobody reads what comes.
+    bool goesOn(qint64 now) const
+    {
+        if (progress)
+            progress(now);
+        return !wasInterrupted() && std::ferror(stdout) == 0;
+    }
+
+    Progress progress;
+    int argc = 1;
+    char name[7] = "mcusim";
+    char *argv[2] = {name, nullptr};
+    substitute::VirtualClock *clock = substitute::VirtualClock::install();
+    QCoreApplication application{argc, argv};
+    SubstitutePlatform platform;
+    Catalogue names{platform};
+    VirtualTime time{clock, [this](qint64 now) { return goesOn(now); }};
+    Simulation simulation{names, platform, time};
+};
+
+/// Reads a file to its end and warns of an end that is missing.
+template <typename File>
+void readAll(File &file)
+{
+    while (file.next()) {
+    }
+    if (file.isCut())
+        complain("warning: " + file.warning());
+}
+
+/// Reads a file once before it is played, so that a fault in it does not show half way. What a pipe
+/// brings is shown line by line instead.
+template <typename File>
+void readAhead(File &file)
+{
+    if (file.isRegular()) {
+        readAll(file);
+        file.rewind();
+    } else {
+        std::setvbuf(stdout, nullptr, _IOLBF, 0);
+    }
+}
+
+} // namespace mcusim
