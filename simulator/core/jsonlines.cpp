@@ -85,7 +85,7 @@ bool LineReader::next(QByteArray *line)
 
 QByteArray LineReader::rest()
 {
-    const QByteArray line = m_bytes.mid(std::exchange(m_begin, m_bytes.size()));
+    QByteArray line = m_bytes.mid(std::exchange(m_begin, m_bytes.size()));
     m_number += line.isEmpty() ? 0 : 1;
     return line;
 }
@@ -101,7 +101,7 @@ QJsonObject readObject(const QByteArray &line)
                            : error.errorString() + " at column " + QString::number(error.offset)) +
                       "), got " + excerpt(QString::fromUtf8(line.left(200))));
     }
-    const QJsonObject object = document.object();
+    QJsonObject object = document.object();
     if (countKeys(object) != countColons(line)) {
         for (const QString &key : object.keys()) {
             if (line.count('"' + key.toUtf8() + '"') > 1)
@@ -194,9 +194,8 @@ void JsonLinesFile::readMetadata()
         const QJsonObject object = line.isEmpty() ? QJsonObject() : readObject(line);
         const QJsonObject metadata = object.value("metadata").toObject();
         if (metadata.value("version") != QJsonValue(1) || object.size() != 1) {
-            throw Refusal(
-                R"(expected {"metadata":{"version":1,...}} alone in the first line, got )" +
-                excerpt(QJsonValue(object)));
+            throw Refusal(R"(expected {"metadata":{"version":1,...}} alone in the first line)" +
+                          (line.isEmpty() ? QString() : ", got " + excerpt(QJsonValue(object))));
         }
         allowKeys(metadata, QStringList("version") + m_metadataKeys);
         m_metadata = {readText(metadata, "description"), readFlag(metadata, "recording"),

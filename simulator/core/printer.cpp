@@ -39,21 +39,24 @@ void Printer::hear(const Event &event)
         last[i] = all[i].value;
     }
 
-    QString line = head + painted(event.what->name, kind.colour);
-    int room = std::max(m_look.width, narrowest) - columns(head + event.what->name);
+    QString line = head;
+    int room = std::max(m_look.width, narrowest) - columns(head);
+    // False when there is no room; then what fits of it, if part of it says anything, and "...".
+    const auto append = [&](QString text, const char *colour, bool isLast, bool isDivisible) {
+        const int space = isLast ? room : room - more.size();
+        const bool fits = m_look.width == 0 || columns(text) <= space;
+        m_wasCut = m_wasCut || !fits;
+        while (!fits && columns(text) > (isDivisible ? room - more.size() : 0))
+            text.chop(1);
+        line += painted(text, colour) + (fits ? "" : more);
+        room -= columns(text);
+        return fits;
+    };
     const QStringList texts = changed + others;
-    for (int i = 0; i < texts.size(); ++i) {
-        const bool isLast = i == texts.size() - 1;
-        const int needed = columns(texts[i]) + (isLast ? 1 : 1 + more.size());
-        if (m_look.width > 0 && needed > room) {
-            m_wasCut = true;
-            // Of a first value that is too long its beginning.
-            line += i > 0 ? more : ' ' + texts[i].left(std::max(0, room - 1 - more.size())) + more;
-            break;
-        }
-        line += ' ' + painted(texts[i], i < changed.size() ? nullptr : unchanged);
-        room -= 1 + columns(texts[i]);
-    }
+    bool fits = append(event.what->name, kind.colour, texts.isEmpty(), true);
+    for (int i = 0; fits && i < texts.size(); ++i)
+        fits = append(' ' + texts[i], i < changed.size() ? nullptr : unchanged,
+                      i == texts.size() - 1, i == 0);
     std::fputs((line + '\n').toUtf8().constData(), m_stream);
 }
 

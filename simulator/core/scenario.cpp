@@ -18,7 +18,7 @@ QString kindKeys()
     return keys.join(QStringLiteral(", ")) + " and " + last;
 }
 
-constexpr qint64 aDay = 24 * 3600 * 1000;
+constexpr qint64 aDay = 86'400'000;
 
 qint64 readTimestamp(const QJsonObject &line)
 {

@@ -63,8 +63,17 @@ void Simulation::tell(const Signature *what, const QVariantList &values)
 
 void Simulation::tell(Kind kind, const QString &name, const QVariantList &values)
 {
-    if (const Signature *what = m_names.find(kind, name, values))
-        tell(what, values);
+    const Signature *what = m_names.find(kind, name, values);
+    if (!what) {
+        // Nobody can name it in a scenario, but nothing that comes is lost.
+        Signature &unlisted = m_unlisted.emplace_back();
+        unlisted.kind = kind;
+        unlisted.name = name;
+        for (const QVariant &value : values)
+            unlisted.parameters.append({value.userType(), QString()});
+        what = &unlisted;
+    }
+    tell(what, values);
 }
 
 } // namespace mcusim

@@ -43,6 +43,7 @@ private:
     Clock &m_clock;
     std::vector<Sink *> m_sinks;
     std::vector<std::unique_ptr<substitute::SignalTap>> m_taps;
+    std::deque<Signature> m_unlisted; ///< what the catalogue does not have
     int m_playing = 0;
 };
 

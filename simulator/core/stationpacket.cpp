@@ -58,18 +58,18 @@ constexpr DidName unitFeedback[]{{0x01, "BOOT_DONE"},
 
 /// A type of packet with its names, as one side sends it.
 struct PacketType {
-    quint8 type;
     const char *name;
-    Sender sender;
     const DidName *begin;
     const DidName *end;
+    quint8 type;
+    Sender sender;
 };
 
 template <std::size_t Size>
 constexpr PacketType named(quint8 type, const char *name, Sender sender,
                            const DidName (&dids)[Size])
 {
-    return {type, name, sender, std::begin(dids), std::end(dids)};
+    return {name, std::begin(dids), std::end(dids), type, sender};
 }
 
 constexpr PacketType types[]{

@@ -12,9 +12,6 @@ public:
     enum class Reports { MainThread, ReaderThread };
 
     explicit SubstitutePlatform(Reports reports = Reports::MainThread) : m_reports(reports) {}
-    ~SubstitutePlatform() override { listen({}); }
-    SubstitutePlatform(const SubstitutePlatform &) = delete;
-    SubstitutePlatform &operator=(const SubstitutePlatform &) = delete;
 
     QVector<Entry> settings() const override;
     QVector<Entry> calls() const override;

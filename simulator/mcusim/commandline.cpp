@@ -4,6 +4,7 @@
 #include "values.h"
 
 #include <cmath>
+#include <limits>
 
 namespace mcusim {
 
@@ -25,15 +26,12 @@ void showHelp(const CommandLine::Usage &usage)
 } // namespace
 
 CommandLine::CommandLine(const QStringList &arguments, const Usage &usage)
-    : m_command(QString::fromLatin1(usage.command))
+    : m_command(usage.command)
 {
-    m_parser.addOption(
-        QCommandLineOption(QStringList{QStringLiteral("h"), QStringLiteral("help")}));
-    for (const Option &option : usage.options) {
-        m_parser.addOption(
-            {QString::fromLatin1(option.name), QString(), QString::fromLatin1(option.value)});
-    }
-    if (!m_parser.parse(QStringList(QStringLiteral("mcusim")) + arguments)) {
+    m_parser.addOption(QCommandLineOption(QStringList{"h", "help"}));
+    for (const Option &option : usage.options)
+        m_parser.addOption({option.name, QString(), option.value});
+    if (!m_parser.parse(QStringList("mcusim") + arguments)) {
         QString error = m_parser.errorText();
         error[0] = error[0].toLower();
         refuse(error.endsWith('.') ? error.chopped(1) : error);
@@ -44,43 +42,42 @@ CommandLine::CommandLine(const QStringList &arguments, const Usage &usage)
     }
     for (const Option &option : usage.options) {
         if (!option.repeats && values(option.name).size() > 1)
-            refuse(QStringLiteral("--") + option.name + " is given twice");
+            refuse(QString("--%1 is given twice").arg(option.name));
         if (option.value && values(option.name).contains(QString()))
-            refuse(QStringLiteral("--") + option.name + " expects " + option.value);
+            refuse(QString("--%1 expects %2").arg(option.name, option.value));
     }
 }
 
-double CommandLine::read(const char *option, double otherwise, const char *expected,
-                         bool (*isGood)(double)) const
+double CommandLine::read(const char *option, double otherwise, const char *expected, double least,
+                         double most) const
 {
     if (!isSet(option))
         return otherwise;
     bool isNumber = false;
     const double number = value(option).toDouble(&isNumber);
-    if (!isNumber || !isGood(number))
-        refuse(QStringLiteral("--") + option + " expects " + expected + ", got " +
-               excerpt(value(option)));
+    if (!isNumber || !(number >= least && number <= most))
+        refuse(QString("--%1 expects %2, got ").arg(option, expected) + excerpt(value(option)));
     return number;
 }
 
 double CommandLine::number(const char *option, double otherwise) const
 {
-    return read(option, otherwise, "a number above 0",
-                [](double number) { return number > 0 && std::isfinite(number); });
+    using Limits = std::numeric_limits<double>;
+    return read(option, otherwise, "a number above 0", Limits::min(), Limits::max());
 }
 
 int CommandLine::count(const char *option, int otherwise) const
 {
-    return int(read(option, otherwise, "a whole number from 0", [](double number) {
-        return number >= 0 && number < 1e9 && std::trunc(number) == number;
-    }));
+    const double number = read(option, otherwise, "a number from 0", 0, 1e9);
+    if (std::trunc(number) != number)
+        refuse(QString("--%1 expects a whole number").arg(option));
+    return int(number);
 }
 
 qint64 CommandLine::moment(const char *option, qint64 otherwise) const
 {
     constexpr double aWeek = 7 * 24 * 3600;
-    const double moment = read(option, -1, "seconds from 0, a week at most",
-                               [](double number) { return number >= 0 && number <= aWeek; });
+    const double moment = read(option, -1, "seconds from 0, a week at most", 0, aWeek);
     return moment < 0 ? otherwise : std::llround(moment * 1000);
 }
 
@@ -89,7 +86,7 @@ void CommandLine::exclude(const QVector<const char *> &options) const
     const char *first = nullptr;
     for (const char *option : options) {
         if (isSet(option) && first)
-            refuse(QStringLiteral("--") + first + " and --" + option + " exclude each other");
+            refuse(QString("--%1 and --%2 exclude each other").arg(first, option));
         first = isSet(option) ? option : first;
     }
 }

@@ -52,8 +52,8 @@ public:
     [[noreturn]] void refuse(const QString &why) const;
 
 private:
-    double read(const char *option, double otherwise, const char *expected,
-                bool (*isGood)(double)) const;
+    double read(const char *option, double otherwise, const char *expected, double least,
+                double most) const;
 
     QString m_command;
     QCommandLineParser m_parser;

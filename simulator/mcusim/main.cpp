@@ -4,7 +4,6 @@
 #include "values.h"
 
 #include <clocale>
-#include <csignal>
 
 namespace {
 
@@ -61,8 +60,8 @@ int run(const QStringList &arguments)
 
 int main(int argc, char **argv)
 {
-    std::setlocale(LC_CTYPE, "");  // file names; numbers stay as everywhere
-    std::signal(SIGPIPE, SIG_IGN); // lost output has its own status
+    mcusim::secureStreams();
+    std::setlocale(LC_CTYPE, ""); // file names; numbers stay as everywhere
     QStringList arguments;
     for (int i = 1; i < argc; ++i)
         arguments.append(QString::fromLocal8Bit(argv[i]));

@@ -61,8 +61,10 @@ public:
         if (!m_isShown || (m_sinceShown.isValid() && m_sinceShown.elapsed() < interval))
             return;
         m_sinceShown.start();
-        std::fprintf(console(), "\r%lld s, %d %% read\033[K", static_cast<long long>(now / 1000),
-                     int(100 * portion));
+        QString text = '\r' + QString::number(double(now) / 1000, 'f', 1) + " s";
+        if (portion > 0 && portion < 1)
+            text += ", " + QString::number(int(100 * portion)) + " % read";
+        std::fputs((text + "\033[K").toLatin1().constData(), console());
     }
 
 private:
@@ -109,7 +111,7 @@ Play::Play(const CommandLine &line, const QString &path)
       m_bench(line.isSet("reader-thread") ? SubstitutePlatform::Reports::ReaderThread
                                           : SubstitutePlatform::Reports::MainThread,
               [this](qint64 now) { m_progress.show(now, m_file.portion()); }),
-      m_file(m_bench.names, path, [this] { return !wasInterrupted(); }),
+      m_file(m_bench.names, path, [] { return !wasInterrupted(); }),
       // Played again and again a recording no longer comes back whole.
       m_judge(m_file.metadata().recording && m_loops == 1),
       // In a recording the summary stands beside it, on standard error.

@@ -4,6 +4,7 @@
 
 #include <csignal>
 
+#include <fcntl.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
@@ -17,6 +18,15 @@ volatile std::sig_atomic_t interrupts = 0;
 extern "C" void noteInterrupt(int) { interrupts = 1; }
 
 } // namespace
+
+void secureStreams()
+{
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (fcntl(stream, F_GETFD) < 0)
+            open(stream == STDIN_FILENO ? "/dev/null" : "/dev/full", O_RDWR);
+    }
+    std::signal(SIGPIPE, SIG_IGN);
+}
 
 std::FILE *console() { return originalError; }
 

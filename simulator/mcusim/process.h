@@ -11,6 +11,10 @@ namespace mcusim {
 /// Exit statuses of all commands.
 enum Exit { Passed = 0, Failed = 1, Unusable = 2, Interrupted = 130 };
 
+/// To begin with: a stream that is closed takes no file's place, and what is written to it is lost
+/// as on a full disk. A pipe that nobody reads ends nothing either.
+void secureStreams();
+
 /// Standard error as the user sees it, also while the library's own is silenced.
 std::FILE *console();
 

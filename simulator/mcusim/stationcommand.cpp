@@ -35,14 +35,17 @@ public:
     void hear(const Event &event) override
     {
         const QString &name = event.what->name;
-        const QString time = seconds(event.time).rightJustified(9);
-        if (name == QLatin1String("autoTestPkgChanged"))
-            put(time + "  station  " + packet(event, Sender::Station));
-        else if (name == QLatin1String("sendAutoTestPkgToMcu"))
-            put(time + "  unit     " + packet(event, Sender::Unit));
-        else if (event.what->kind == Kind::Signal &&
-                 name.startsWith(QLatin1String("AutoTestHandler.")))
-            put(time + "    apps   " + event.text().section('.', 1));
+        QString line = seconds(event.time).rightJustified(9);
+        if (name == "autoTestPkgChanged")
+            line += "  station  " + packet(event, Sender::Station);
+        else if (name == "sendAutoTestPkgToMcu")
+            line += "  unit     " + packet(event, Sender::Unit);
+        else if (event.what->kind == Kind::Signal && name.startsWith("AutoTestHandler."))
+            line += "    apps   " + event.text().section('.', 1);
+        else
+            return;
+        const int width = terminalWidth();
+        put(width > 0 && line.size() > width ? line.left(width - 4) + " ..." : line);
     }
 
 private:
