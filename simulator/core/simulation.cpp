@@ -64,6 +64,10 @@ void Simulation::tell(const Signature *what, const QVariantList &values)
 void Simulation::tell(Kind kind, const QString &name, const QVariantList &values)
 {
     const Signature *what = m_names.find(kind, name, values);
+    for (const Signature &known : m_unlisted) {
+        if (!what && known.kind == kind && known.name == name && known.takes(values))
+            what = &known;
+    }
     if (!what) {
         // Nobody can name it in a scenario, but nothing that comes is lost.
         Signature &unlisted = m_unlisted.emplace_back();

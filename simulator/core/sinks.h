@@ -48,8 +48,8 @@ public:
     /// Throws a Refusal for a glob that nothing matches.
     Filter(const Catalogue &names, const QStringList &only, const QStringList &except);
 
-    /// To whom, or null for nobody; returns to whom until now.
-    Sink *setSink(Sink *sink) { return std::exchange(m_sink, sink); }
+    /// To whom, or null for nobody.
+    void setSink(Sink *sink) { m_sink = sink; }
     void hear(const Event &event) override
     {
         if (m_sink && m_shown.contains(event.what))

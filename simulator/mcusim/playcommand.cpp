@@ -99,6 +99,7 @@ private:
     Printer m_printer;
     std::optional<Recorder> m_recorder;
     Filter m_filter;
+    Sink *m_shown = nullptr;
     Player m_player;
     int m_pass = 1;
     qint64 m_passBegan = 0;
@@ -134,10 +135,11 @@ int Play::run(JUnitFile &junit)
     if (m_line.operands().size() > 1)
         m_printer.print('\n' + m_file.name());
     if (m_isJson)
-        m_filter.setSink(&m_recorder.emplace(
-            stdout, JsonLinesFile::Metadata{m_file.metadata().description, isWhole(), isWhole()}));
+        m_shown = &m_recorder.emplace(
+            stdout, JsonLinesFile::Metadata{m_file.metadata().description, isWhole(), isWhole()});
     else if (!m_line.isSet("quiet"))
-        m_filter.setSink(&m_printer);
+        m_shown = &m_printer;
+    m_filter.setSink(m_from > 0 ? nullptr : m_shown);
     for (Sink *sink : std::initializer_list<Sink *>{&m_counters, &m_judge, &m_filter})
         m_bench.simulation.addSink(sink);
 
@@ -179,10 +181,9 @@ std::optional<Event> Play::next()
 bool Play::playAll()
 {
     if (m_from > 0) {
-        Sink *shown = m_filter.setSink(nullptr);
         if (!m_player.seek(m_from) || !m_bench.time.advanceTo(m_from - 1))
             return false;
-        m_filter.setSink(shown);
+        m_filter.setSink(m_shown);
     }
     m_bench.time.setSpeed(m_line.isSet("fast") ? 0 : m_line.number("speed", 1));
     if (!m_player.run(m_to))
