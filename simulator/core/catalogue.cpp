@@ -85,7 +85,7 @@ QString Event::text() const
     QStringList texts;
     for (const QVariant &value : values)
         texts.append(shown(value));
-    return what->name + '(' + texts.join(QStringLiteral(", ")) + ')';
+    return what->name + '(' + texts.join(", ") + ')';
 }
 
 QString Signature::text() const
@@ -93,7 +93,7 @@ QString Signature::text() const
     QStringList texts;
     for (const Parameter &parameter : parameters)
         texts.append(described(parameter));
-    return name + '(' + texts.join(QStringLiteral(", ")) + ')';
+    return name + '(' + texts.join(", ") + ')';
 }
 
 bool Signature::takes(const QVariantList &values) const
@@ -132,7 +132,7 @@ Catalogue::Catalogue(Platform &platform)
         add({Kind::Setting, setting.name, setting.parameters, play, {}, {}, {}});
     }
     addApplicationSignals();
-    add({Kind::Command, QStringLiteral("init"), {}, {}, {}, {}, {}});
+    add({Kind::Command, "init", {}, {}, {}, {}, {}});
     for (const QMetaMethod &method :
          declaredMethods(mcu::McuSrv::staticMetaObject, QMetaMethod::Slot))
         add(signature(Kind::Command, method));
@@ -170,7 +170,7 @@ void Catalogue::addOperations()
 void Catalogue::addApplicationSignals()
 {
     for (const ApplicationObject &object : applicationObjects()) {
-        const QString prefix = QString::fromLatin1(object.name) + '.';
+        const QString prefix = QString(object.name) + '.';
         for (const QMetaMethod &method : declaredMethods(*object.metaObject, QMetaMethod::Signal)) {
             add(signature(Kind::Signal, method, prefix));
             if (object.metaObject == &mcu::McuService::staticMetaObject)
@@ -212,10 +212,12 @@ QVector<const Signature *> Catalogue::like(const QString &glob) const
 Event Catalogue::read(Kind kind, const QString &name, const QJsonValue &value) const
 {
     Event event;
-    QString error = QLatin1String("unknown ") + info(kind).title + ' ' + excerpt(name);
+    QString error;
     const QVector<const Signature *> candidates = find(kind, name);
-    if (candidates.isEmpty())
-        throw Refusal(error + suggestion(name, kind));
+    if (candidates.isEmpty()) {
+        throw Refusal(QString("unknown ") + info(kind).title + ' ' + excerpt(name) +
+                      suggestion(name, kind));
+    }
     for (const Signature *candidate : candidates) {
         // An only argument that is an array itself stands alone, too.
         const bool alone = candidate->parameters.size() == 1 &&
@@ -260,12 +262,12 @@ QString Catalogue::suggestion(const QString &text, std::optional<Kind> kind) con
     for (const Like &like : likes) {
         QString name = '"' + like.signature->name + '"';
         if (like.signature->kind != kind)
-            name += QLatin1String(" with \"") + info(like.signature->kind).key + '"';
+            name += QString(" with \"") + info(like.signature->kind).key + '"';
         if (names.size() < 3 && !names.contains(name))
             names.append(name);
     }
-    return names.isEmpty() ? QStringLiteral("; `mcusim list` shows them all")
-                           : "; did you mean " + names.join(QStringLiteral(" or ")) + '?';
+    return names.isEmpty() ? "; `mcusim list` shows them all"
+                           : "; did you mean " + names.join(" or ") + '?';
 }
 
 QVector<Field> fields(const Event &event)
@@ -274,7 +276,7 @@ QVector<Field> fields(const Event &event)
     if (event.what->record) {
         for (const auto &field :
              mcu::fieldValues(*event.what->record, event.values.first().toByteArray()))
-            found.append({QString::fromLatin1(field.name), QString::number(field.value)});
+            found.append({QString(field.name), QString::number(field.value)});
     }
     if (!found.isEmpty())
         return found;

@@ -64,7 +64,7 @@ public:
     /// Refusal when there is none.
     QVector<const Signature *> like(const QString &glob) const;
 
-    /// The event that the "value" of a line makes of a name: several arguments are an array, one
+    /// The event of a name and the "value" of a line: several arguments are an array, one
     /// may stand alone, none is no value. Throws a Refusal.
     Event read(Kind kind, const QString &name, const QJsonValue &value) const;
 

@@ -105,9 +105,9 @@ QJsonObject readObject(const QByteArray &line)
     if (countKeys(object) != countColons(line)) {
         for (const QString &key : object.keys()) {
             if (line.count('"' + key.toUtf8() + '"') > 1)
-                throw Refusal(excerpt(key) + " stands there twice");
+                throw Refusal(excerpt(key) + " is there twice");
         }
-        throw Refusal("a key stands there twice");
+        throw Refusal("a key is there twice");
     }
     return object;
 }
@@ -116,14 +116,13 @@ void allowKeys(const QJsonObject &object, const QStringList &keys)
 {
     for (const QString &key : object.keys()) {
         if (!keys.contains(key))
-            throw Refusal("unexpected " + excerpt(key) + "; expected " +
-                          keys.join(QStringLiteral(", ")));
+            throw Refusal("unexpected " + excerpt(key) + "; expected " + keys.join(", "));
     }
 }
 
 void refuseValue(const QJsonObject &object, const char *key, const char *expected)
 {
-    throw Refusal('"' + QString::fromLatin1(key) + "\" expects " + expected + ", got " +
+    throw Refusal('"' + QString(key) + "\" expects " + expected + ", got " +
                   excerpt(object.value(QLatin1String(key))));
 }
 
@@ -144,7 +143,7 @@ bool readFlag(const QJsonObject &object, const char *key)
 }
 
 JsonLinesFile::JsonLinesFile(const QString &path, GoOn goOn, const QStringList &metadataKeys)
-    : m_name(path == "-" ? QStringLiteral("standard input") : path), m_goOn(std::move(goOn)),
+    : m_name(path == "-" ? "standard input" : path), m_goOn(std::move(goOn)),
       m_metadataKeys(metadataKeys),
       m_descriptor(path == "-" ? dup(STDIN_FILENO)
                                : open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC))
@@ -174,7 +173,7 @@ QString JsonLinesFile::warning() const
 {
     return m_name + ": " +
            (m_tornLine > 0 ? "line " + QString::number(m_tornLine) + " is torn and left out"
-                           : QStringLiteral("the end is missing")) +
+                           : "the end is missing") +
            (m_metadata.recording ? "; what is there of the recording is compared" : "");
 }
 

@@ -38,7 +38,7 @@ private:
 QJsonObject readObject(const QByteArray &line);
 /// Throws a Refusal when an object has other keys.
 void allowKeys(const QJsonObject &object, const QStringList &keys);
-/// Throws a Refusal that names the key, what it expects and what stands there.
+/// Throws a Refusal that names the key, what it expects and its value.
 [[noreturn]] void refuseValue(const QJsonObject &object, const char *key, const char *expected);
 /// What a key holds; empty and false without the key. Throws a Refusal for another type.
 QString readText(const QJsonObject &object, const char *key);
@@ -55,7 +55,7 @@ public:
         QString description;
         /// All that came out is there: playing it must give exactly that again.
         bool recording = false;
-        /// A recording that closes with an end mark, so that a cut one can be told.
+        /// A recording that closes with an end mark, so that a cut one is noticed.
         bool end = false;
     };
 

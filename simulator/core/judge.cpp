@@ -47,7 +47,7 @@ void Judge::expect(const Event &event)
 void Judge::hear(const Event &event)
 {
     if (event.isInput()) {
-        // In a recording all that came before an input stands before it.
+        // A recording has all earlier outputs before an input.
         if (!m_unrecorded.empty() && m_failed == 0)
             addFault({}, m_unrecorded.front());
         return;
@@ -83,7 +83,7 @@ QStringList Judge::faults() const
 {
     QStringList lines;
     for (const Fault &fault : m_faults) {
-        const QString received = fault.received ? text(*fault.received) : QStringLiteral("nothing");
+        const QString received = fault.received ? text(*fault.received) : "nothing";
         QString line = "after line " + QString::number(m_lastMet) + ": received " + received +
                        ", which is not recorded there";
         if (fault.expected.what) {
@@ -91,7 +91,7 @@ QStringList Judge::faults() const
                    text(fault.expected) + ", received " + received;
         }
         if (fault.nearest && fault.nearest->time == fault.expected.time)
-            line += QLatin1String("; it came, but not in this place");
+            line += "; it came, but not in this place";
         else if (fault.nearest)
             line += "; nearest at " + seconds(fault.nearest->time);
         lines.append(line);

@@ -22,7 +22,7 @@ struct Parameter {
 struct Operation {
     QString name; ///< "McuService.SetVolume"
     QVector<Parameter> parameters;
-    int result; ///< QMetaType of what it gives back; Void for nothing
+    int result; ///< QMetaType of what it returns; Void for nothing
     /// Calls it on an object of its class, or on the one that applications reach when it is null.
     std::function<QVariant(QObject *object, const QVariantList &arguments)> call;
 };

@@ -1,5 +1,5 @@
-// What of a simulation belongs to the platform under the library: how its link reports, who hears
-// its commands, what can be set on it. All else goes through meta-objects and works on any link.
+// The part of a simulation that depends on the platform: how its link reports, how its commands are
+// noticed, what can be set. All else goes through meta-objects and works on any link.
 #pragma once
 
 #include "event.h"
@@ -27,7 +27,7 @@ public:
 
     virtual QVector<Entry> settings() const { return {}; }
     virtual QVector<Entry> calls() const { return {}; }
-    /// Tells of every link command and platform call from now on; null ends it.
+    /// Calls the listener for every link command and platform call from now on; null ends it.
     virtual void listen(Listener) {}
     /// Emits a signal of the link, from whichever thread the platform does it.
     virtual void report(const QMetaMethod &signal, QVariantList values);

@@ -15,7 +15,7 @@ class Player : public QObject {
 public:
     /// The next line, or nothing at the end.
     using Source = std::function<std::optional<Event>()>;
-    /// Told when a start() has come to its end, with the reason if a line cannot be read.
+    /// Called when a start() ends, with the reason if a line cannot be read.
     using Stopped = std::function<void(const QString &why)>;
 
     /// Without a judge what the scenario expects is not compared.

@@ -7,7 +7,7 @@ namespace mcusim {
 namespace {
 
 constexpr int narrowest = 40;
-const QString more = QStringLiteral(" ...");
+const QString more = " ...";
 constexpr char unchanged[] = "90";
 
 /// East Asian letters take two columns.
@@ -25,7 +25,7 @@ void Printer::hear(const Event &event)
     constexpr int markWidth = 6;
     const KindInfo &kind = info(event.what->kind);
     const QString head = seconds(event.time).rightJustified(timeWidth) + ' ' +
-                         QString::fromLatin1(kind.mark).leftJustified(markWidth);
+                         QString(kind.mark).leftJustified(markWidth);
 
     QStringList changed;
     QStringList others;
@@ -80,7 +80,7 @@ QString Printer::painted(const QString &text, const char *colour) const
 {
     if (!m_look.colour || !colour)
         return text;
-    return QStringLiteral("\033[") + colour + 'm' + text + "\033[0m";
+    return QString("\033[") + colour + 'm' + text + "\033[0m";
 }
 
 } // namespace mcusim

@@ -7,7 +7,7 @@
 
 namespace mcusim {
 
-/// What is played stands at the margin, what comes out of it below, indented:
+/// Inputs begin at the margin, outputs are indented:
 ///
 ///     1.200 link  keyEventSgl key=163 state=0
 ///     1.200   app McuService.keyEvent key=163 state=0

@@ -13,9 +13,9 @@ QString kindKeys()
 {
     QStringList keys;
     for (const KindInfo &kind : kinds)
-        keys.append('"' + QString::fromLatin1(kind.key) + '"');
+        keys.append('"' + QString(kind.key) + '"');
     const QString last = keys.takeLast();
-    return keys.join(QStringLiteral(", ")) + " and " + last;
+    return keys.join(", ") + " and " + last;
 }
 
 constexpr qint64 aDay = 86'400'000;

@@ -1,4 +1,4 @@
-// Scenarios: JSON Lines, one event a line, the first line its metadata. Read and written line by
+// Scenarios: JSON Lines, one event per line, the first line its metadata. Read and written line by
 // line, from and to anything.
 #pragma once
 

@@ -14,33 +14,45 @@ Simulation::~Simulation() { m_platform.listen({}); }
 
 void Simulation::start()
 {
+    listenToPlatform();
+    mcu::McuService::instance()->init();
+    // Only now, as applications do: the manager has a command for the link when it is made.
+    listenToApplications();
+}
+
+void Simulation::attach()
+{
+    listenToPlatform();
+    listenToApplications();
+}
+
+void Simulation::listenToPlatform()
+{
     m_platform.listen([this](Kind kind, const QString &name, const QVariantList &values) {
         tell(kind, name, values);
     });
-    mcu::McuService::instance()->init();
-    // Only now, as applications do: the manager has a command for the link when it is made.
-    for (const ApplicationObject &object : applicationObjects())
-        tap(object);
 }
 
-void Simulation::tap(const ApplicationObject &object)
+void Simulation::listenToApplications()
 {
-    QVector<const Signature *> signatures(object.metaObject->methodCount());
-    for (const Signature &signature : m_names.all()) {
-        if (signature.method.enclosingMetaObject() == object.metaObject)
-            signatures[signature.method.methodIndex()] = &signature;
+    for (const ApplicationObject &object : applicationObjects()) {
+        QVector<const Signature *> signatures(object.metaObject->methodCount());
+        for (const Signature &signature : m_names.all()) {
+            if (signature.method.enclosingMetaObject() == object.metaObject)
+                signatures[signature.method.methodIndex()] = &signature;
+        }
+        m_taps.push_back(std::make_unique<substitute::SignalTap>(
+            object.instance(),
+            [this, signatures](const QMetaMethod &signal, const QVariantList &values) {
+                tell(signatures[signal.methodIndex()], values);
+            }));
     }
-    m_taps.push_back(std::make_unique<substitute::SignalTap>(
-        object.instance(),
-        [this, signatures](const QMetaMethod &signal, const QVariantList &values) {
-            tell(signatures[signal.methodIndex()], values);
-        }));
 }
 
 QString Simulation::play(const Event &input)
 {
     if (!input.isInput())
-        return info(input.what->kind).title + QStringLiteral(" cannot be played: it comes out");
+        return QString(info(input.what->kind).title) + " cannot be played: it comes out";
     if (!input.what->takes(input.values))
         return input.what->text() + " cannot take " + QString::fromUtf8(writtenValue(input.values));
     tell(input.what, input.values);

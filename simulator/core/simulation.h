@@ -28,13 +28,16 @@ public:
     /// Starts the library as a host application does and listens from then on. Nothing has touched
     /// the library before.
     void start();
+    /// Listens to a library that the application around it starts.
+    void attach();
 
     /// Does an input at the present moment: the sinks hear of it first, then of what comes out.
     /// Says in one line why it cannot; empty when it is done. A sink may play, too.
     QString play(const Event &input);
 
 private:
-    void tap(const ApplicationObject &object);
+    void listenToPlatform();
+    void listenToApplications();
     void tell(const Signature *what, const QVariantList &values);
     void tell(Kind kind, const QString &name, const QVariantList &values);
 

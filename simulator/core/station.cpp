@@ -18,7 +18,7 @@ QString packetText(const QByteArray &bytes)
     StationPacket packet;
     bool goodChecksum = false;
     if (!takeApart(bytes, &packet, &goodChecksum))
-        return QStringLiteral("no packet: ") + QString::fromLatin1(bytes.toHex(' '));
+        return "no packet: " + QString::fromLatin1(bytes.toHex(' '));
     return packet.text(Sender::Unit) + QLatin1String(goodChecksum ? "" : " with a bad checksum");
 }
 
@@ -28,7 +28,7 @@ Station::Station(Simulation &simulation) : m_simulation(simulation) { simulation
 
 void Station::play(const char *name, const QVariantList &values, Kind kind)
 {
-    const Signature *what = m_simulation.names().find(kind, QString::fromLatin1(name), values);
+    const Signature *what = m_simulation.names().find(kind, QString(name), values);
     m_simulation.play({0, what, values, 0});
 }
 
@@ -86,10 +86,9 @@ QStringList Station::faults(const StationTest &test) const
             found.append("expected " + test.answers[i].text(Sender::Unit) + ", got " +
                          packetText(m_answers[i]));
     }
-    const QString hint =
-        mcu::AutoTestHandler::instance()->isInAutotestMode()
-            ? QString()
-            : QStringLiteral("; the test mode is off: \"status\":1 switches it on");
+    const QString hint = mcu::AutoTestHandler::instance()->isInAutotestMode()
+                             ? QString()
+                             : "; the test mode is off: \"status\":1 switches it on";
     for (int i = common; i < test.answers.size(); ++i)
         found.append("no answer within " + QString::number(test.within) + " ms, expected " +
                      test.answers[i].text(Sender::Unit) + hint);

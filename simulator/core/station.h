@@ -8,7 +8,7 @@
 namespace mcusim {
 
 struct StationResult {
-    QStringList faults;  ///< a line for each; empty when the test passed
+    QStringList faults;  ///< one line each; empty when the test passed
     qint64 duration = 0; ///< virtual milliseconds
 };
 

@@ -81,7 +81,7 @@ constexpr PacketType types[]{
     named(0x6e, "write-answer", Sender::Unit, writes),
 };
 
-QString number(quint8 value) { return QStringLiteral("0x%1").arg(value, 2, 16, QLatin1Char('0')); }
+QString number(quint8 value) { return QString("0x%1").arg(value, 2, 16, QLatin1Char('0')); }
 
 } // namespace
 
@@ -117,12 +117,12 @@ QString StationPacket::text(Sender sender) const
     for (const PacketType &row : types) {
         if (row.type != type)
             continue;
-        typeName = QString::fromLatin1(row.name);
+        typeName = QString(row.name);
         const auto *name = std::find_if(row.begin, row.end,
                                         [this](const DidName &known) { return known.did == did; });
         if (name == row.end)
             continue;
-        didName = QString::fromLatin1(name->name);
+        didName = QString(name->name);
         if (row.sender == sender)
             break;
     }
@@ -132,7 +132,7 @@ QString StationPacket::text(Sender sender) const
 
 StationPacket readPacket(const QString &text)
 {
-    const QStringList words = text.simplified().split(QLatin1Char(' '));
+    const QStringList words = text.simplified().split(' ');
     StationPacket packet;
     bool hasType = false;
     bool hasDid = false;
@@ -187,7 +187,7 @@ QStringList didList()
     QStringList lines;
     for (const PacketType &row : types) {
         for (const auto *did = row.begin; did != row.end; ++did) {
-            lines.append(QString::fromLatin1(row.name).leftJustified(14) + number(did->did) + ' ' +
+            lines.append(QString(row.name).leftJustified(14) + number(did->did) + ' ' +
                          QLatin1String(did->name) +
                          (row.sender == Sender::Unit ? "  (from the unit)" : ""));
         }

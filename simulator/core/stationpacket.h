@@ -35,10 +35,10 @@ struct StationPacket {
 /// Reads "read SOUND 02" or "write 0xF7 01 02 03". Throws a Refusal.
 StationPacket readPacket(const QString &text);
 
-/// Takes apart what the unit sent. False when it is no packet; *goodChecksum tells of the checksum.
+/// Takes apart what the unit sent. False when it is no packet; *goodChecksum is set.
 bool takeApart(const QByteArray &bytes, StationPacket *packet, bool *goodChecksum);
 
-/// All types and DIDs with their names, a line each, for a list.
+/// All types and DIDs with their names, one per line.
 QStringList didList();
 
 } // namespace mcusim

@@ -27,13 +27,13 @@ QStringList texts(const QJsonObject &line, const char *key)
 Fault fault(const QJsonObject &line)
 {
     const QString name = readText(line, "broken");
-    if (name == QLatin1String("sync"))
+    if (name == "sync")
         return Fault::Sync;
-    if (name == QLatin1String("length"))
+    if (name == "length")
         return Fault::Length;
-    if (name == QLatin1String("checksum"))
+    if (name == "checksum")
         return Fault::Checksum;
-    if (line.contains(QLatin1String("broken")))
+    if (line.contains("broken"))
         refuseValue(line, "broken", "sync, length or checksum");
     return Fault::None;
 }
@@ -41,16 +41,16 @@ Fault fault(const QJsonObject &line)
 /// A chunk: raw bytes after "bytes", or packets glued with "+", the first one broken if asked for.
 QByteArray chunk(const QString &text, Fault fault)
 {
-    const QString bytesWord = QStringLiteral("bytes ");
+    const QString bytesWord = "bytes ";
     QByteArray bytes;
     if (text.startsWith(bytesWord)) {
         if (!readHex(text.mid(bytesWord.size()), &bytes))
             throw Refusal(excerpt(text) + ": expected bytes in hexadecimal");
         if (fault != Fault::None)
-            throw Refusal(QStringLiteral("\"broken\" breaks packets, not \"bytes\""));
+            throw Refusal("\"broken\" breaks packets, not \"bytes\"");
         return bytes;
     }
-    for (const QString &part : text.split(QLatin1Char('+'))) {
+    for (const QString &part : text.split('+')) {
         bytes += readPacket(part).bytes(fault);
         fault = Fault::None;
     }
@@ -78,7 +78,7 @@ QVector<QVariantList> keys(const Catalogue &names, const QJsonObject &line, cons
     const QJsonArray items = value.toArray();
     try {
         for (const QJsonValue item : items)
-            events.append(names.read(Kind::Report, QStringLiteral("keyEventSgl"), item).values);
+            events.append(names.read(Kind::Report, "keyEventSgl", item).values);
     } catch (const Refusal &) {
         events.clear();
     }
@@ -98,7 +98,7 @@ void addChunks(const QJsonObject &line, StationTest &test)
         if (line.contains(QLatin1String(key)) && test.chunks.isEmpty())
             refuseValue(line, key, "a packet in \"send\"");
     }
-    if (line.contains(QLatin1String("split"))) {
+    if (line.contains("split")) {
         const QByteArray whole = test.chunks.takeFirst();
         const int split = integer(line, "split", 1, whole.size() - 1, 0);
         test.chunks.prepend(whole.mid(split));
@@ -113,7 +113,7 @@ StationTest readTest(const Catalogue &names, const QJsonObject &line)
     StationTest test;
     test.name = readText(line, "test");
     if (test.name.isEmpty())
-        throw Refusal(QStringLiteral("expected \"test\" with a name"));
+        throw Refusal("expected \"test\" with a name");
     test.status = integer(line, "status", 0, 255, -1);
     test.within = integer(line, "within", 0, 3'600'000, test.within);
     addChunks(line, test);
@@ -121,14 +121,14 @@ StationTest readTest(const Catalogue &names, const QJsonObject &line)
     test.panelKeys = keys(names, line, "panelKeys");
     for (const QString &text : texts(line, "answer"))
         test.answers.append(readPacket(text));
-    if (line.contains(QLatin1String("reply"))) {
+    if (line.contains("reply")) {
         test.reply = readPacket(readText(line, "reply"));
         // An application answers a read request; what is written the handler acknowledges itself.
         if (test.reply->type != readAnswer)
             refuseValue(line, "reply", "a read-answer");
     }
-    const QJsonValue value = line.value(QLatin1String("value"));
-    if (line.contains(QLatin1String("signal")))
+    const QJsonValue value = line.value("value");
+    if (line.contains("signal"))
         test.signal =
             names.read(Kind::Signal, "AutoTestHandler." + readText(line, "signal"), value);
     else if (!value.isUndefined())

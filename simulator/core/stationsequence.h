@@ -1,4 +1,4 @@
-// A test sequence of the factory station: JSON Lines, a test a line.
+// A test sequence of the factory station: JSON Lines, one test per line.
 #pragma once
 
 #include "catalogue.h"

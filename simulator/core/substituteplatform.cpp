@@ -23,17 +23,16 @@ QVector<Platform::Entry> SubstitutePlatform::settings() const
     QVector<Entry> entries;
     for (const QString &query : link::queries()) {
         entries.append({query,
-                        {{link::answer(query).userType(), QStringLiteral("answer")}},
+                        {{link::answer(query).userType(), "answer"}},
                         [query](const QVariantList &v) { link::setAnswer(query, v[0]); }});
     }
     const auto add = [&entries](const char *name, QVector<Parameter> parameters, auto set) {
-        entries.append({QString::fromLatin1(name), std::move(parameters), set});
+        entries.append({QString(name), std::move(parameters), set});
     };
     using Values = const QVariantList &;
     add("forceTime", {{Bool, "force"}}, [](Values v) { platform::setForceTime(v[0].toBool()); });
-    add("mcu_upgrade_status", {{Bool, "upgrading"}}, [](Values v) {
-        platform::setSetting(QStringLiteral("mcu_upgrade_status"), v[0].toBool());
-    });
+    add("mcu_upgrade_status", {{Bool, "upgrading"}},
+        [](Values v) { platform::setSetting("mcu_upgrade_status", v[0].toBool()); });
     add("audioEvents", {{Ints, "events"}}, [](Values v) {
         QList<int> events;
         for (const QVariant &event : v[0].toList())

@@ -27,8 +27,7 @@ QVariant asBytes(const QJsonValue &value)
 {
     const QString text = value.toString();
     QByteArray bytes;
-    const bool isBytes = text.startsWith(QLatin1String("0x")) && !text.contains(QLatin1Char(' ')) &&
-                         readHex(text, &bytes);
+    const bool isBytes = text.startsWith("0x") && !text.contains(' ') && readHex(text, &bytes);
     return isBytes ? QVariant(bytes) : QVariant();
 }
 
@@ -104,7 +103,7 @@ bool fits(const QVariant &value, const Parameter &parameter)
 QString typeName(const Parameter &parameter)
 {
     return parameter.type == QMetaType::QVariantList
-               ? QStringLiteral("int[]")
+               ? "int[]"
                : QString::fromLatin1(QMetaType::typeName(parameter.type));
 }
 
@@ -135,7 +134,7 @@ QString shown(const QVariant &value)
     QByteArray text;
     append(text, value);
     text.replace('"', "");
-    return QString::fromLatin1(text);
+    return QString(text);
 }
 
 QString printable(const QString &text)
@@ -145,7 +144,7 @@ QString printable(const QString &text)
         if (c.isPrint() || c.isSurrogate())
             safe += c;
         else
-            safe += QStringLiteral("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
+            safe += QString("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));
     }
     return safe;
 }
@@ -153,7 +152,7 @@ QString printable(const QString &text)
 QString quoted(const QString &text)
 {
     QString marked = text;
-    marked.replace('\\', QLatin1String("\\\\")).replace('"', QLatin1String("\\\""));
+    marked.replace('\\', "\\\\").replace('"', "\\\"");
     return '"' + printable(marked) + '"';
 }
 
@@ -178,9 +177,8 @@ QString seconds(qint64 milliseconds)
 bool readHex(const QString &text, QByteArray *bytes)
 {
     bytes->clear();
-    for (const QString &word : text.split(QLatin1Char(' '), Qt::SkipEmptyParts)) {
-        const QByteArray digits =
-            (word.startsWith(QLatin1String("0x")) ? word.mid(2) : word).toLatin1().toLower();
+    for (const QString &word : text.split(' ', Qt::SkipEmptyParts)) {
+        const QByteArray digits = (word.startsWith("0x") ? word.mid(2) : word).toLatin1().toLower();
         const QByteArray part = QByteArray::fromHex(digits);
         if (digits.isEmpty() || part.toHex() != digits)
             return false;

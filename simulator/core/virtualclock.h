@@ -1,4 +1,4 @@
-// Virtual time: an event dispatcher whose clock stands still until it is told to move. Timers fire
+// Virtual time: an event dispatcher whose clock moves only when asked to. Timers fire
 // in exact order of their due times without waiting, the same on every run.
 #pragma once
 

@@ -12,7 +12,7 @@
 namespace mcusim {
 
 struct Bench {
-    /// Where play is now; told several times a second.
+    /// Called with the present moment, several times a second.
     using Progress = std::function<void(qint64 now)>;
 
     explicit Bench(SubstitutePlatform::Reports reports = SubstitutePlatform::Reports::MainThread,

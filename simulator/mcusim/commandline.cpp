@@ -12,14 +12,13 @@ namespace {
 
 void showHelp(const CommandLine::Usage &usage)
 {
-    QString text = QStringLiteral("Usage: mcusim ") + usage.command + " [options] " +
-                   usage.operands + "\n\n" + usage.description + "\n\nOptions:\n";
+    QString text = QString("Usage: mcusim ") + usage.command + " [options] " + usage.operands +
+                   "\n\n" + usage.description + "\n\nOptions:\n";
     for (const CommandLine::Option &option : usage.options) {
-        const QString name =
-            QStringLiteral("--") + option.name + ' ' + (option.value ? option.value : "");
+        const QString name = QString("--") + option.name + ' ' + (option.value ? option.value : "");
         text += "  " + name.leftJustified(18) + ' ' + option.help + '\n';
     }
-    text += QLatin1String("  -h, --help         Show this help.\n");
+    text += "  -h, --help         Show this help.\n";
     std::fputs(text.toUtf8().constData(), stdout);
 }
 
@@ -95,7 +94,7 @@ void CommandLine::expectOperands(int least, int most, const char *what) const
 {
     const int count = operands().size();
     if (count < least || count > most)
-        refuse(QStringLiteral("expected ") + what);
+        refuse(QString("expected ") + what);
 }
 
 void CommandLine::refuse(const QString &why) const

@@ -28,7 +28,7 @@ void putInFull(const Signature &signature)
 {
     const KindInfo &kind = info(signature.kind);
     put(signature.text());
-    put(QLatin1String("  ") + kind.title + (kind.isInput ? ", played" : ", expected") + " with \"" +
+    put(QString("  ") + kind.title + (kind.isInput ? ", played" : ", expected") + " with \"" +
         kind.key + "\":");
     Event example{0, &signature, {}, 0};
     for (const Parameter &parameter : signature.parameters) {
@@ -100,7 +100,7 @@ int listCommand(const QStringList &arguments)
                 QString::fromUtf8(QJsonDocument(json(*signature)).toJson(QJsonDocument::Compact)));
             separator = ",";
         }
-        put(QStringLiteral("]"));
+        put("]");
         return Passed;
     }
     if (inFull) {
@@ -109,7 +109,7 @@ int listCommand(const QStringList &arguments)
         return Passed;
     }
     for (const KindInfo &kind : kinds) {
-        put(QString::fromLatin1(kind.heading));
+        put(QString(kind.heading));
         for (const Signature *signature : shown) {
             if (&info(signature->kind) == &kind)
                 put("  " + signature->text());

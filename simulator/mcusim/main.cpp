@@ -33,17 +33,17 @@ QByteArray help()
         text += "  " + QByteArray(command.name).leftJustified(8) + "  " + command.summary + '\n';
     return text +
            "\nExit status: 0 all well, 1 something failed, 2 wrong usage, unreadable input or lost "
-           "output.\n`mcusim COMMAND --help` tells more.\n";
+           "output.\n`mcusim COMMAND --help` shows its options.\n";
 }
 
 int run(const QStringList &arguments)
 {
     const QString name = arguments.value(0);
-    if (name == QLatin1String("--version")) {
+    if (name == "--version") {
         std::puts("mcusim " MCUSIM_VERSION);
         return mcusim::Passed;
     }
-    if (name == QLatin1String("--help") || name == QLatin1String("-h")) {
+    if (name == "--help" || name == "-h") {
         std::fputs(help().constData(), stdout);
         return mcusim::Passed;
     }
@@ -52,7 +52,7 @@ int run(const QStringList &arguments)
             return command.run(arguments);
     }
     throw mcusim::Refusal(name.isEmpty()
-                              ? QStringLiteral("expected a command; see mcusim --help")
+                              ? "expected a command; see mcusim --help"
                               : "unknown command " + mcusim::excerpt(name) + "; see mcusim --help");
 }
 

@@ -24,7 +24,7 @@ constexpr qint64 afterLastInput = 1000;
 const CommandLine::Usage usage{
     "play",
     "FILE...",
-    "Plays scenarios and says whether what they expect comes back. \"-\" is standard input.",
+    "Plays scenarios and compares what they expect. \"-\" is standard input.",
     {{"speed", "X", "Play at X times real time (1)."},
      {"fast", nullptr, "Play without waiting."},
      {"only", "GLOB", "Show only names, classes or kinds like this; repeats.", true},
@@ -37,10 +37,10 @@ const CommandLine::Usage usage{
      {"loop", "N", "Play N times; 0 until Ctrl-C. What is expected counts the first time."},
      {"junit", "FILE", "Write the verdicts as JUnit XML."},
      {"check", nullptr, "Only read the files."},
-     {"reader-thread", nullptr, "Report from the link's own thread; everything comes the same."},
+     {"reader-thread", nullptr, "Report from the link's own thread; the output is the same."},
      {"log", nullptr, "Show what the library logs on standard error."}}};
 
-/// A line on the terminal that tells how far a quiet play is.
+/// The progress of a quiet play, on the terminal.
 class Progress {
 public:
     explicit Progress(bool isShown) : m_isShown(isShown && isatty(fileno(console()))) {}
@@ -115,7 +115,7 @@ Play::Play(const CommandLine &line, const QString &path)
       m_file(m_bench.names, path, [] { return !wasInterrupted(); }),
       // Played again and again a recording no longer comes back whole.
       m_judge(m_file.metadata().recording && m_loops == 1),
-      // In a recording the summary stands beside it, on standard error.
+      // A recording has standard output for itself.
       m_printer(m_isJson ? console() : stdout, {line.isSet("wide") ? 0 : terminalWidth(),
                                                 showsColour(m_isJson ? console() : stdout)}),
       m_filter(m_bench.names, line.values("only"), line.values("except")),

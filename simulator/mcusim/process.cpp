@@ -46,7 +46,7 @@ int written(int status)
 {
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0)
         return status;
-    complain(QStringLiteral("cannot write standard output"));
+    complain("cannot write standard output");
     return Unusable;
 }
 

@@ -13,12 +13,12 @@ namespace {
 using mcu::Readiness;
 using mcu::RecordDescription;
 
-QString text(const char *latin1) { return QString::fromLatin1(latin1); }
+QString text(const char *latin1) { return QString(latin1); }
 
 QString getterText(const RecordDescription &record)
 {
     if (!record.getter)
-        return QStringLiteral("none for the record");
+        return "none for the record";
     return '`' + text(record.getter) + "()`; " + QString::number(record.size()) +
            " zero bytes before the first report";
 }
@@ -26,9 +26,9 @@ QString getterText(const RecordDescription &record)
 QString readinessText(const Readiness &readiness)
 {
     if (readiness.set == Readiness::Set::None)
-        return QStringLiteral("none, `CANDataReady()` does not wait for it");
+        return "none, `CANDataReady()` does not wait for it";
     const auto hex = [&readiness](int digits) {
-        return QStringLiteral("0x%1").arg(readiness.bit, digits, 16, QLatin1Char('0'));
+        return QString("0x%1").arg(readiness.bit, digits, 16, QLatin1Char('0'));
     };
     return readiness.set == Readiness::Set::Car
                ? "car set, bit " + hex(2) + " of `getCANDataSignal()`"
@@ -38,7 +38,7 @@ QString readinessText(const Readiness &readiness)
 QString limitText(const mcu::Hold &hold)
 {
     if (hold.ticks == 0)
-        return QStringLiteral("none");
+        return "none";
     return "yes, a hold of " + QString::number(hold.ticks) + " ticks that " +
            (hold.restarts ? "each report restarts" : "reports do not extend");
 }
@@ -49,7 +49,7 @@ const RecordDescription *recordOf(const Signature &signature)
 {
     for (const RecordDescription *record : mcu::recordCatalog) {
         if (signature.name == text(record->linkSignal) ||
-            (signature.className() == QLatin1String("McuService") &&
+            (signature.className() == "McuService" &&
              (signature.shortName() == QString(signalName(*record)) ||
               signature.shortName() == text(record->getter))))
             return record;
@@ -67,8 +67,7 @@ QString recordSection(const RecordDescription &record)
                       text(record.linkSignal) + "`\n\n| Offset | Bits | Field |\n|---|---|---|\n";
     std::size_t offset = 0;
     for (const mcu::Field &field : record.fields) {
-        const QString name =
-            field.isGap() ? QStringLiteral("gap, always 0") : '`' + text(field.name) + '`';
+        const QString name = field.isGap() ? "gap, always 0" : '`' + text(field.name) + '`';
         if (field.width > 0)
             section += "| " + QString::number(offset) + " | " + QString::number(8 * field.width) +
                        " | " + name + " |\n";
@@ -101,7 +100,7 @@ QString updatedPage(const QString &page)
     for (const RecordDescription *record : mcu::recordCatalog) {
         const QString mark = "<!-- record " + QString(signalName(*record)) + " -->\n";
         const int begin = updated.indexOf(mark) + mark.size();
-        const int length = updated.indexOf(QStringLiteral("<!-- end -->\n"), begin) - begin;
+        const int length = updated.indexOf("<!-- end -->\n", begin) - begin;
         if (updated.count(mark) != 1 || length < 0)
             throw Refusal("expected \"" + mark.trimmed() + "\" once, and an end mark after it");
         updated.replace(begin, length, recordSection(*record));

@@ -12,7 +12,7 @@ namespace mcusim {
 
 struct Signature;
 
-/// The record that a name stands for: its report, its signal or its getter. Null for none.
+/// The record of a name: of its report, its signal or its getter. Null for none.
 const mcu::RecordDescription *recordOf(const Signature &signature);
 
 /// A section of the records page: names, readiness, rate limit and a table of the fields.

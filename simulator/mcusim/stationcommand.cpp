@@ -56,7 +56,7 @@ private:
         bool good = false;
         const bool isPacket = takeApart(bytes, &packet, &good);
         return QString::fromLatin1(bytes.toHex(' ').toUpper()).leftJustified(36) + "  " +
-               (isPacket ? packet.text(sender) : QStringLiteral("(no single whole packet)")) +
+               (isPacket ? packet.text(sender) : "(no single whole packet)") +
                (isPacket && !good ? "  BAD CHECKSUM" : "");
     }
 };

@@ -21,7 +21,7 @@ int textCommand(const QStringList &arguments)
     line.expectOperands(1, 1, "the bytes");
     const QString given = line.operands().first();
     QByteArray bytes;
-    if (given == QLatin1String("-")) {
+    if (given == "-") {
         constexpr int longest = 1 << 20;
         QFile input;
         if (input.open(stdin, QIODevice::ReadOnly))
@@ -29,7 +29,7 @@ int textCommand(const QStringList &arguments)
         if (input.error() != QFileDevice::NoError)
             throw Refusal("cannot read standard input: " + input.errorString());
         if (bytes.size() > longest)
-            throw Refusal(QStringLiteral("standard input: expected at most 1 MiB"));
+            throw Refusal("standard input: expected at most 1 MiB");
     } else if (!readHex(given, &bytes)) {
         throw Refusal(excerpt(given) + ": expected bytes as pairs of hexadecimal digits");
     }

@@ -18,15 +18,15 @@ namespace {
 
 // The searches look for texts in whole paths, and those in the folder's own path must not count: it
 // is made the current folder and searched by a path without a name of the user's.
-const QString media = QStringLiteral("/media");
-const QString current = QStringLiteral("/proc/self/cwd");
+const QString media = "/media";
+const QString current = "/proc/self/cwd";
 
 /// The text that picks the same mounts under the current folder as the key does under /media.
 QString translated(const QString &key)
 {
     QString text = key;
     if ((media + '/').contains(key))
-        text = QLatin1String(""); // of all
+        text = ""; // of all
     else if (key.startsWith(media))
         text.replace(0, media.size(), current);
     for (const QString &mount : QDir(current).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
@@ -41,8 +41,8 @@ void show(const char *search, QString found, const QString &root)
 {
     if (found.startsWith(current))
         found.replace(0, current.size(), root);
-    const QString line = "   " + QString::fromLatin1(search).leftJustified(14) +
-                         (found.isEmpty() ? "-" : found) + '\n';
+    const QString line =
+        "   " + QString(search).leftJustified(14) + (found.isEmpty() ? "-" : found) + '\n';
     std::fputs(line.toLocal8Bit().constData(), stdout);
 }
 
@@ -60,7 +60,7 @@ int updatesCommand(const QStringList &arguments)
     const QString root = QDir(line.operands().first()).absolutePath();
     if (!QDir::setCurrent(root))
         throw Refusal("cannot read " + root + ": " + qt_error_string());
-    const QString key = translated(line.isSet("key") ? line.value("key") : QStringLiteral("/sd"));
+    const QString key = translated(line.isSet("key") ? line.value("key") : "/sd");
 
     QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, false);
     constexpr int images = 7;

@@ -16,7 +16,7 @@ namespace mcusim {
 struct Verdict {
     QString name;
     qint64 duration = 0; ///< virtual milliseconds
-    QStringList faults;  ///< a line for each; empty when all is well
+    QStringList faults;  ///< one line each; empty when all is well
 };
 
 /// JUnit XML for continuous integration.
@@ -29,7 +29,7 @@ public:
     bool isOpen() const { return m_file.isOpen(); }
     /// A suite for a file that could be used, or not.
     void write(const QString &suite, const QVector<Verdict> &verdicts, bool isUsable = true);
-    /// What stands around the suites.
+    /// Writes text around the suites.
     void frame(const char *text);
 
 private:
@@ -37,7 +37,7 @@ private:
 };
 
 /// Runs each file, which writes its suite, and returns the worst status. A file that cannot be used
-/// is told of, and the next one follows.
+/// costs one line on standard error, and the next one follows.
 int runEach(const QStringList &files, JUnitFile &junit,
             const std::function<int(const QString &file)> &run);
 
