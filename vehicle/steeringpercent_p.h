@@ -7,7 +7,7 @@ namespace mcu {
 
 /// Percent of the full range, 0 to 100, for a steering angle in tenths of the MCU's unit. The range
 /// is 0 to 1476 units, and its middle is straight ahead; an angle outside counts as the nearer
-/// limit.
+/// limit. Whole numbers: in floating point the middle and the end come out one too low.
 constexpr int steeringPercent(int angle)
 {
     constexpr int fullRange = 1476;
