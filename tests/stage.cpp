@@ -3,7 +3,6 @@
 #include "autotesthandler.h"
 #include "linksubstitute.h"
 #include "mcusrv.h"
-#include "mcuvechiclebridge.h"
 #include "operationtable.h"
 #include "packettext.h"
 #include "platformsubstitute.h"
@@ -92,10 +91,10 @@ QVariant values(const mcu::SetupInfo1 &s)
         s.idl_warn_vol,        s.idl_info_vol,    s.idl_reco_vol,         s.bt_siri_vol};
 }
 
-QVariant radarDistances()
+QVariant radarDistances(McuVechicleBridge *bridge)
 {
     std::array<int, 8> distances{};
-    McuVechicleBridge::instance()->radarDistance(distances.data(), distances.data() + 4);
+    bridge->radarDistance(distances.data(), distances.data() + 4);
     return QVariantList(distances.begin(), distances.end());
 }
 
@@ -314,14 +313,16 @@ Stage::Stage(substitute::VirtualClock *clock, Inputs inputs) : m_clock(clock), m
     m_service->init();
     add("McuService", m_service.get(), "");
     add("McuVechicleBridge", McuVechicleBridge::instance(), "bridge.");
-    m_readings.push_back({"McuVechicleBridge", "bridge.radarDistance", radarDistances});
     add("McuRadioInterface", mcu::McuRadioInterface::instance(), "radio.");
     add("AutoTestHandler", mcu::AutoTestHandler::instance(), "handler.");
     add("unlinked McuService", &m_unlinkedService, "unlinked.");
+    add("unlinked McuVechicleBridge", &m_unlinkedBridge, "unlinked.");
     add("unlinked McuRadioInterface", &m_unlinkedRadio, "unlinked.");
     add("unlinked McuManager", &m_unlinkedManager, "unlinked.");
-    link::log().setListener([this](const substitute::Call &call) { note(commandText(call)); });
-    platform::log().setListener([this](const substitute::Call &call) { note(platformText(call)); });
+    link::log().setListener(
+        [this](const substitute::Call &call) { note(call.name, commandText(call)); });
+    platform::log().setListener(
+        [this](const substitute::Call &call) { note(call.name, platformText(call)); });
 }
 
 Stage::~Stage()
@@ -336,8 +337,7 @@ void Stage::add(const QString &name, QObject *object, const QString &prefix)
     m_objects[name] = object;
     m_taps.push_back(std::make_unique<substitute::SignalTap>(
         object, [this, prefix](const QMetaMethod &signal, const QVariantList &arguments) {
-            const bool isElsewhere = QThread::currentThread() != qApp->thread();
-            note((isElsewhere ? "elsewhere " : "") + prefix + show(signal.name(), arguments));
+            note(prefix + signal.name(), prefix + show(signal.name(), arguments));
         }));
     for (const mcusim::Operation &query : queriesOf(name.section(' ', -1))) {
         m_readings.push_back({name, prefix + query.name.section('.', 1),
@@ -348,6 +348,10 @@ void Stage::add(const QString &name, QObject *object, const QString &prefix)
             {name, prefix + "setupInfo", [service] { return values(service->setupInfo()); }});
         m_readings.push_back(
             {name, prefix + "setupInfo1", [service] { return values(service->setupInfo1()); }});
+    }
+    if (auto *bridge = qobject_cast<McuVechicleBridge *>(object)) {
+        m_readings.push_back(
+            {name, prefix + "radarDistance", [bridge] { return radarDistances(bridge); }});
     }
 }
 
@@ -374,6 +378,7 @@ QStringList Stage::play(const QString &stimulus)
 QStringList Stage::perform(const QString &stimulus)
 {
     const QStringList words = splitOutside(stimulus, " ");
+    m_isCallElsewhere = false;
     if (m_objects.contains(stimulus))
         return readAll(stimulus);
     if (words.size() == 1 && stimulus.startsWith('+')) {
@@ -385,6 +390,10 @@ QStringList Stage::perform(const QString &stimulus)
     if (stimulus == "start McuManager") {
         m_manager = std::make_unique<McuManager>(m_service.get());
         add("McuManager", m_manager.get(), "manager.");
+        return {};
+    }
+    if (words[0] == "inside") {
+        m_reactions[words[1]] = stimulus.section(' ', 2);
         return {};
     }
     if (words[0] != "set")
@@ -416,6 +425,7 @@ QStringList Stage::call(const QString &stimulus)
     }
     QVariant result;
     const auto run = [&] { result = called.call(arguments); };
+    m_isCallElsewhere = stimulus.contains('.');
     if (called.isInput)
         input(run);
     else
@@ -434,10 +444,7 @@ QStringList Stage::readAll(const QString &object) const
     return texts;
 }
 
-QVector<int> Stage::parameterTypes(const QString &stimulus) const
-{
-    return stimulus.contains('(') ? callee(stimulus).types : QVector<int>();
-}
+QVector<int> Stage::parameterTypes(const QString &stimulus) const { return callee(stimulus).types; }
 
 /// What "keyEventSgl(7,0)" or "unlinked McuService.SetVolume(12)" calls.
 Stage::Callee Stage::callee(const QString &stimulus) const
@@ -482,10 +489,14 @@ void Stage::input(const std::function<void()> &action) const
         action();
 }
 
-void Stage::note(const QString &text)
+/// Notes an effect, and does what applications do inside it.
+void Stage::note(const QString &name, const QString &text)
 {
     const bool isHere = QThread::currentThread() == qApp->thread();
-    m_effects.append({text, isHere ? readings() : QVariantList()});
+    const QString place = isHere || m_isCallElsewhere ? "" : "elsewhere ";
+    m_effects.append({place + text, isHere ? readings() : QVariantList()});
+    if (m_reactions.contains(name))
+        perform(m_reactions[name]);
 }
 
 /// All that can be read now. Some queries log, which is not what scripts want to see.
