@@ -3,7 +3,6 @@
 #include "autotesthandler.h"
 #include "linksubstitute.h"
 #include "mcusrv.h"
-#include "operationtable.h"
 #include "packettext.h"
 #include "platformsubstitute.h"
 
@@ -17,25 +16,10 @@
 #include <QThread>
 
 #include <array>
-#include <cstdlib>
-#include <cstring>
-#include <new>
 #include <thread>
 
 namespace link = substitute::link;
 namespace platform = substitute::platform;
-
-// What is made with new lies in memory full of a pattern: a member that nothing initialises is not
-// 0 by chance.
-void *operator new(std::size_t size)
-{
-    void *memory = std::malloc(size);
-    if (!memory)
-        throw std::bad_alloc();
-    return std::memset(memory, 0xa5, size);
-}
-void operator delete(void *memory) noexcept { std::free(memory); }
-void operator delete(void *memory, std::size_t) noexcept { std::free(memory); }
 
 namespace {
 
@@ -68,35 +52,6 @@ void mem::SettingsExe::setOtherPathValue(QString key, QString file, QVariant val
 namespace testkit {
 
 namespace {
-
-QVariant values(const mcu::SetupInfo &s)
-{
-    return QVariantList{
-        s.bt_input_level,  s.timer_onoff,     s.beep_onoff,  s.camera_onoff,   s.steering_control,
-        s.extra_bass,      s.eq_type,         s.eq1_level,   s.eq2_level,      s.eq3_level,
-        s.eq4_level,       s.eq5_level,       s.eq6_level,   s.eq7_level,      s.eq8_level,
-        s.eq9_level,       s.eq10_level,      s.eq11_level,  s.eq12_level,     s.eq13_level,
-        s.subwoofer_level, s.balance_level,   s.fader_level, s.hpf_front_freq, s.hpf_rear_freq,
-        s.lpf_freq,        s.subwoofer_phase, s.dso,         s.rotary,         s.bassboost};
-}
-
-QVariant values(const mcu::SetupInfo1 &s)
-{
-    return QVariantList{
-        s.main_volume,         s.bt_ring_volume,  s.bt_talking_volume,    s.navi_volume,
-        s.voice_volume,        s.ta_volume,       s.radio_input_gain,     s.usb_input_gain,
-        s.bt_audio_input_gain, s.aux_input_gain,  s.carplay_input_gain,   s.android_auto_input_gain,
-        s.loud_status,         s.rear_view_delay, s.poweroff_delay_onoff, s.steer_state,
-        s.internal_amp_state,  s.break_volume,    s.idl_chime_vol,        s.ti_vol,
-        s.idl_warn_vol,        s.idl_info_vol,    s.idl_reco_vol,         s.bt_siri_vol};
-}
-
-QVariant radarDistances(McuVechicleBridge *bridge)
-{
-    std::array<int, 8> distances{};
-    bridge->radarDistance(distances.data(), distances.data() + 4);
-    return QVariantList(distances.begin(), distances.end());
-}
 
 /// A command to the link: "link.SetVolume(9)", or "6e:05:02" for a packet to the station.
 QString commandText(const substitute::Call &call)
@@ -248,40 +203,6 @@ QVariant invoke(QObject *object, int method, QVariantList arguments)
 
 } // namespace
 
-const QVector<mcusim::Operation> &scriptOperations()
-{
-    static const QVector<mcusim::Operation> all = [] {
-        QVector<mcusim::Operation> table = mcusim::operations();
-        mcusim::Class<mcu::McuService>("McuService", table)("init", &mcu::McuService::init);
-        table.append({"McuService.notifyAutoTestPackage",
-                      {{QMetaType::Int, "len"}, {QMetaType::QByteArray, "data"}},
-                      QMetaType::Void,
-                      [](QObject *service, const QVariantList &arguments) {
-                          QByteArray data = arguments[1].toByteArray();
-                          static_cast<mcu::McuService *>(service)->notifyAutoTestPackage(
-                              arguments[0].toInt(), data.data());
-                          return QVariant();
-                      }});
-        mcusim::Class<McuVechicleBridge> add("McuVechicleBridge", table);
-        add("headlight", &McuVechicleBridge::headlight);
-        add("parking", &McuVechicleBridge::parking);
-        add("reverse", &McuVechicleBridge::reverse);
-        add("turnlight", &McuVechicleBridge::turnlight);
-        add("carSpeed", &McuVechicleBridge::carSpeed);
-        add("wheelAngle", &McuVechicleBridge::wheelAngle);
-        add("doorState", &McuVechicleBridge::doorState);
-        add("notifyHeadlightUpdate", &McuVechicleBridge::notifyHeadlightUpdate, {"onoff", "from"});
-        add("notifyParkingUpdate", &McuVechicleBridge::notifyParkingUpdate, {"onoff", "from"});
-        add("notifyReverseUpdate", &McuVechicleBridge::notifyReverseUpdate, {"onoff", "from"});
-        add("notifyTurnLightUpdate", &McuVechicleBridge::notifyTurnLightUpdate, {"turnlight"});
-        add("notifyCarSpeedUpdate", &McuVechicleBridge::notifyCarSpeedUpdate, {"kmh"});
-        add("notifyDoorUpdate", &McuVechicleBridge::notifyDoorUpdate, {"doorState"});
-        add("notifySteeringAngleUpdate", &McuVechicleBridge::notifySteeringAngleUpdate, {"angle"});
-        return table;
-    }();
-    return all;
-}
-
 QStringList splitOutside(const QString &text, const QString &separator)
 {
     QStringList parts{QString()};
@@ -342,16 +263,6 @@ void Stage::add(const QString &name, QObject *object, const QString &prefix)
     for (const mcusim::Operation &query : queriesOf(name.section(' ', -1))) {
         m_readings.push_back({name, prefix + query.name.section('.', 1),
                               [object, query] { return query.call(object, {}); }});
-    }
-    if (auto *service = qobject_cast<mcu::McuService *>(object)) {
-        m_readings.push_back(
-            {name, prefix + "setupInfo", [service] { return values(service->setupInfo()); }});
-        m_readings.push_back(
-            {name, prefix + "setupInfo1", [service] { return values(service->setupInfo1()); }});
-    }
-    if (auto *bridge = qobject_cast<McuVechicleBridge *>(object)) {
-        m_readings.push_back(
-            {name, prefix + "radarDistance", [bridge] { return radarDistances(bridge); }});
     }
 }
 
