@@ -168,8 +168,9 @@ QString playSection(const Section &section, substitute::VirtualClock *clock)
         LogCapture capture;
         QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, isLogged);
         for (const Row &row : section.rows) {
-            const QVector<int> types = stage->parameterTypes(row.stimulus);
-            const bool hasLetters = filled(row, types, 0).stimulus != row.stimulus;
+            static const QRegularExpression letters("[(,][a-z][,)]");
+            const bool hasLetters = letters.match(row.stimulus).hasMatch();
+            const auto types = hasLetters ? stage->parameterTypes(row.stimulus) : QVector<int>();
             for (int round = 0; round < (hasLetters ? rounds : 1); ++round) {
                 const QString failure =
                     playRow(filled(row, types, round), *stage, isLogged ? &capture : nullptr);

@@ -16,6 +16,7 @@
 //     set isReverseOn true     an answer of the link or a state of the platform
 //     +200ms                   virtual time passes
 //     2e:05:02                 the factory station sends a packet: type, DID, payload
+//     inside keyEvent x()      from now on x() happens inside each emission of that name
 //     first() & second()       both happen in one turn of the event loop (without braces below)
 //
 // What comes of it:
@@ -41,7 +42,8 @@
 //
 // A section has new objects and is played twice: with what comes from the link and the platform,
 // and audio statuses, in the main thread and debug output on; then with them in another thread and
-// debug output off. An emission that takes place in that other thread reads "elsewhere x()".
+// debug output off. What takes place in that other thread, other than at a call, reads "elsewhere
+// x()".
 #pragma once
 
 #include <QString>

@@ -3,8 +3,6 @@
 #include "autotesthandler.h"
 #include "linksubstitute.h"
 #include "mcusrv.h"
-#include "mcuvechiclebridge.h"
-#include "operationtable.h"
 #include "packettext.h"
 #include "platformsubstitute.h"
 
@@ -18,25 +16,10 @@
 #include <QThread>
 
 #include <array>
-#include <cstdlib>
-#include <cstring>
-#include <new>
 #include <thread>
 
 namespace link = substitute::link;
 namespace platform = substitute::platform;
-
-// What is made with new lies in memory full of a pattern: a member that nothing initialises is not
-// 0 by chance.
-void *operator new(std::size_t size)
-{
-    void *memory = std::malloc(size);
-    if (!memory)
-        throw std::bad_alloc();
-    return std::memset(memory, 0xa5, size);
-}
-void operator delete(void *memory) noexcept { std::free(memory); }
-void operator delete(void *memory, std::size_t) noexcept { std::free(memory); }
 
 namespace {
 
@@ -69,35 +52,6 @@ void mem::SettingsExe::setOtherPathValue(QString key, QString file, QVariant val
 namespace testkit {
 
 namespace {
-
-QVariant values(const mcu::SetupInfo &s)
-{
-    return QVariantList{
-        s.bt_input_level,  s.timer_onoff,     s.beep_onoff,  s.camera_onoff,   s.steering_control,
-        s.extra_bass,      s.eq_type,         s.eq1_level,   s.eq2_level,      s.eq3_level,
-        s.eq4_level,       s.eq5_level,       s.eq6_level,   s.eq7_level,      s.eq8_level,
-        s.eq9_level,       s.eq10_level,      s.eq11_level,  s.eq12_level,     s.eq13_level,
-        s.subwoofer_level, s.balance_level,   s.fader_level, s.hpf_front_freq, s.hpf_rear_freq,
-        s.lpf_freq,        s.subwoofer_phase, s.dso,         s.rotary,         s.bassboost};
-}
-
-QVariant values(const mcu::SetupInfo1 &s)
-{
-    return QVariantList{
-        s.main_volume,         s.bt_ring_volume,  s.bt_talking_volume,    s.navi_volume,
-        s.voice_volume,        s.ta_volume,       s.radio_input_gain,     s.usb_input_gain,
-        s.bt_audio_input_gain, s.aux_input_gain,  s.carplay_input_gain,   s.android_auto_input_gain,
-        s.loud_status,         s.rear_view_delay, s.poweroff_delay_onoff, s.steer_state,
-        s.internal_amp_state,  s.break_volume,    s.idl_chime_vol,        s.ti_vol,
-        s.idl_warn_vol,        s.idl_info_vol,    s.idl_reco_vol,         s.bt_siri_vol};
-}
-
-QVariant radarDistances()
-{
-    std::array<int, 8> distances{};
-    McuVechicleBridge::instance()->radarDistance(distances.data(), distances.data() + 4);
-    return QVariantList(distances.begin(), distances.end());
-}
 
 /// A command to the link: "link.SetVolume(9)", or "6e:05:02" for a packet to the station.
 QString commandText(const substitute::Call &call)
@@ -249,40 +203,6 @@ QVariant invoke(QObject *object, int method, QVariantList arguments)
 
 } // namespace
 
-const QVector<mcusim::Operation> &scriptOperations()
-{
-    static const QVector<mcusim::Operation> all = [] {
-        QVector<mcusim::Operation> table = mcusim::operations();
-        mcusim::Class<mcu::McuService>("McuService", table)("init", &mcu::McuService::init);
-        table.append({"McuService.notifyAutoTestPackage",
-                      {{QMetaType::Int, "len"}, {QMetaType::QByteArray, "data"}},
-                      QMetaType::Void,
-                      [](QObject *service, const QVariantList &arguments) {
-                          QByteArray data = arguments[1].toByteArray();
-                          static_cast<mcu::McuService *>(service)->notifyAutoTestPackage(
-                              arguments[0].toInt(), data.data());
-                          return QVariant();
-                      }});
-        mcusim::Class<McuVechicleBridge> add("McuVechicleBridge", table);
-        add("headlight", &McuVechicleBridge::headlight);
-        add("parking", &McuVechicleBridge::parking);
-        add("reverse", &McuVechicleBridge::reverse);
-        add("turnlight", &McuVechicleBridge::turnlight);
-        add("carSpeed", &McuVechicleBridge::carSpeed);
-        add("wheelAngle", &McuVechicleBridge::wheelAngle);
-        add("doorState", &McuVechicleBridge::doorState);
-        add("notifyHeadlightUpdate", &McuVechicleBridge::notifyHeadlightUpdate, {"onoff", "from"});
-        add("notifyParkingUpdate", &McuVechicleBridge::notifyParkingUpdate, {"onoff", "from"});
-        add("notifyReverseUpdate", &McuVechicleBridge::notifyReverseUpdate, {"onoff", "from"});
-        add("notifyTurnLightUpdate", &McuVechicleBridge::notifyTurnLightUpdate, {"turnlight"});
-        add("notifyCarSpeedUpdate", &McuVechicleBridge::notifyCarSpeedUpdate, {"kmh"});
-        add("notifyDoorUpdate", &McuVechicleBridge::notifyDoorUpdate, {"doorState"});
-        add("notifySteeringAngleUpdate", &McuVechicleBridge::notifySteeringAngleUpdate, {"angle"});
-        return table;
-    }();
-    return all;
-}
-
 QStringList splitOutside(const QString &text, const QString &separator)
 {
     QStringList parts{QString()};
@@ -314,14 +234,16 @@ Stage::Stage(substitute::VirtualClock *clock, Inputs inputs) : m_clock(clock), m
     m_service->init();
     add("McuService", m_service.get(), "");
     add("McuVechicleBridge", McuVechicleBridge::instance(), "bridge.");
-    m_readings.push_back({"McuVechicleBridge", "bridge.radarDistance", radarDistances});
     add("McuRadioInterface", mcu::McuRadioInterface::instance(), "radio.");
     add("AutoTestHandler", mcu::AutoTestHandler::instance(), "handler.");
     add("unlinked McuService", &m_unlinkedService, "unlinked.");
+    add("unlinked McuVechicleBridge", &m_unlinkedBridge, "unlinked.");
     add("unlinked McuRadioInterface", &m_unlinkedRadio, "unlinked.");
     add("unlinked McuManager", &m_unlinkedManager, "unlinked.");
-    link::log().setListener([this](const substitute::Call &call) { note(commandText(call)); });
-    platform::log().setListener([this](const substitute::Call &call) { note(platformText(call)); });
+    link::log().setListener(
+        [this](const substitute::Call &call) { note(call.name, commandText(call)); });
+    platform::log().setListener(
+        [this](const substitute::Call &call) { note(call.name, platformText(call)); });
 }
 
 Stage::~Stage()
@@ -336,18 +258,11 @@ void Stage::add(const QString &name, QObject *object, const QString &prefix)
     m_objects[name] = object;
     m_taps.push_back(std::make_unique<substitute::SignalTap>(
         object, [this, prefix](const QMetaMethod &signal, const QVariantList &arguments) {
-            const bool isElsewhere = QThread::currentThread() != qApp->thread();
-            note((isElsewhere ? "elsewhere " : "") + prefix + show(signal.name(), arguments));
+            note(prefix + signal.name(), prefix + show(signal.name(), arguments));
         }));
     for (const mcusim::Operation &query : queriesOf(name.section(' ', -1))) {
         m_readings.push_back({name, prefix + query.name.section('.', 1),
                               [object, query] { return query.call(object, {}); }});
-    }
-    if (auto *service = qobject_cast<mcu::McuService *>(object)) {
-        m_readings.push_back(
-            {name, prefix + "setupInfo", [service] { return values(service->setupInfo()); }});
-        m_readings.push_back(
-            {name, prefix + "setupInfo1", [service] { return values(service->setupInfo1()); }});
     }
 }
 
@@ -374,6 +289,7 @@ QStringList Stage::play(const QString &stimulus)
 QStringList Stage::perform(const QString &stimulus)
 {
     const QStringList words = splitOutside(stimulus, " ");
+    m_isCallElsewhere = false;
     if (m_objects.contains(stimulus))
         return readAll(stimulus);
     if (words.size() == 1 && stimulus.startsWith('+')) {
@@ -385,6 +301,10 @@ QStringList Stage::perform(const QString &stimulus)
     if (stimulus == "start McuManager") {
         m_manager = std::make_unique<McuManager>(m_service.get());
         add("McuManager", m_manager.get(), "manager.");
+        return {};
+    }
+    if (words[0] == "inside") {
+        m_reactions[words[1]] = stimulus.section(' ', 2);
         return {};
     }
     if (words[0] != "set")
@@ -416,6 +336,7 @@ QStringList Stage::call(const QString &stimulus)
     }
     QVariant result;
     const auto run = [&] { result = called.call(arguments); };
+    m_isCallElsewhere = stimulus.contains('.');
     if (called.isInput)
         input(run);
     else
@@ -434,10 +355,7 @@ QStringList Stage::readAll(const QString &object) const
     return texts;
 }
 
-QVector<int> Stage::parameterTypes(const QString &stimulus) const
-{
-    return stimulus.contains('(') ? callee(stimulus).types : QVector<int>();
-}
+QVector<int> Stage::parameterTypes(const QString &stimulus) const { return callee(stimulus).types; }
 
 /// What "keyEventSgl(7,0)" or "unlinked McuService.SetVolume(12)" calls.
 Stage::Callee Stage::callee(const QString &stimulus) const
@@ -482,10 +400,14 @@ void Stage::input(const std::function<void()> &action) const
         action();
 }
 
-void Stage::note(const QString &text)
+/// Notes an effect, and does what applications do inside it.
+void Stage::note(const QString &name, const QString &text)
 {
     const bool isHere = QThread::currentThread() == qApp->thread();
-    m_effects.append({text, isHere ? readings() : QVariantList()});
+    const QString place = isHere || m_isCallElsewhere ? "" : "elsewhere ";
+    m_effects.append({place + text, isHere ? readings() : QVariantList()});
+    if (m_reactions.contains(name))
+        perform(m_reactions[name]);
 }
 
 /// All that can be read now. Some queries log, which is not what scripts want to see.

@@ -5,6 +5,7 @@
 #include "mcumanager.h"
 #include "mcuradiointerface.h"
 #include "mcuservice.h"
+#include "mcuvechiclebridge.h"
 #include "operations.h"
 #include "testkit.h"
 
@@ -53,18 +54,21 @@ private:
     QStringList readAll(const QString &object) const;
     Callee callee(const QString &stimulus) const;
     void input(const std::function<void()> &action) const;
-    void note(const QString &text);
+    void note(const QString &name, const QString &text);
     QVariantList readings() const;
     /// "name=value" for each reading that differs from another one; the value is the first one's.
     QStringList differing(const QVariantList &readings, const QVariantList &others) const;
 
     substitute::VirtualClock *m_clock;
     Inputs m_inputs;
+    bool m_isCallElsewhere = false; ///< what a call does in the other thread takes place there
     QVector<Effect> m_effects;
+    QHash<QString, QString> m_reactions; ///< what applications do inside emissions, by their names
     std::vector<Reading> m_readings;
     QHash<QString, QObject *> m_objects;
     mcu::McuService m_unlinkedService;
     mcu::McuRadioInterface m_unlinkedRadio;
+    McuVechicleBridge m_unlinkedBridge;
     McuManager m_unlinkedManager{nullptr};
     std::unique_ptr<mcu::McuService> m_service;
     std::unique_ptr<McuManager> m_manager;

@@ -3,7 +3,7 @@
 // it out.
 #include "autotesthandler.h"
 #include "linksubstitute.h"
-#include "mcuvechiclebridge.h"
+#include "platformsubstitute.h"
 #include "recordcatalog_p.h"
 #include "stage.h"
 
@@ -160,7 +160,12 @@ private Q_SLOTS:
         McuService service;
         QVERIFY(service.init());
         substitute::link::log().setListener(nullptr);
-        const McuManager manager(&service);
+        McuManager manager(&service);
+        manager.setWatchDogEnable(true);
+        substitute::platform::setAudioEvents({6});
+        manager.checkEventOffRestoreMute();
+        service.notifyAutoTestStatus(1);
+        service.notifyAutoTestStatus(0);
         QCOMPARE(connections, wanted);
     }
 
