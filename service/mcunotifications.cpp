@@ -112,7 +112,7 @@ void McuService::onAutoTestPkgChanged(QByteArray pkg)
 
 void McuService::notifyAutoTestPackage(int len, char *data)
 {
-    onAutoTestPkgChanged(len > 0 ? QByteArray(data, len) : QByteArray());
+    onAutoTestPkgChanged(QByteArray(data, qMax(len, 0)));
 }
 
 QByteArray McuService::autoTestPackage() const { return m_data->autoTestPackage; }

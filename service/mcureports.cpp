@@ -202,10 +202,10 @@ int McuServicePrivate::checkCmdUpdateToApp(int cmd)
     const Hold &hold = isFault ? record::vehicleFault.hold : record::hu.hold;
     qint8 &delay = isFault ? vehicleFaultDelay : huDelay;
     const bool held = delay > 0;
-    if (held)
-        MCU_DEBUG << cmd;
     if (!held || hold.restarts)
         delay = hold.ticks;
+    if (held)
+        MCU_DEBUG << cmd;
     return held;
 }
 

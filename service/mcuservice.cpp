@@ -97,22 +97,6 @@ constexpr Wire wiring[]{
 constexpr char signalCode = '0' + QSIGNAL_CODE;
 constexpr char slotCode = '0' + QSLOT_CODE;
 
-/// The parameter types of a method, "(int,int)". Without blanks a connection takes the fast path of
-/// Qt.
-QByteArray argumentList(const QMetaMethod &method)
-{
-    QByteArray list;
-    list.reserve(128);
-    list += '(';
-    for (int i = 0; i < method.parameterCount(); ++i) {
-        if (i > 0)
-            list += ',';
-        list += QMetaType::typeName(method.parameterType(i));
-    }
-    list += ')';
-    return list;
-}
-
 } // namespace
 
 McuService *McuService::instance()
@@ -163,9 +147,10 @@ void McuService::serviceConnectedSignals()
     for (const Wire &wire : wiring) {
         const QMetaMethod target = methods.value(wire.target);
         const bool relay = target.methodType() == QMetaMethod::Signal;
-        const QByteArray arguments = argumentList(target);
-        const QByteArray signal = signalCode % (wire.linkSignal % arguments);
-        const QByteArray member = (relay ? signalCode : slotCode) % (wire.target % arguments);
+        const QByteArray signature = target.methodSignature();
+        const char *arguments = signature.constData() + qstrlen(wire.target);
+        const QByteArray signal = signalCode % (wire.linkSignal % QByteArray(arguments));
+        const QByteArray member = (relay ? signalCode : slotCode) % signature;
         connect(m_link, signal, this, member);
     }
 }

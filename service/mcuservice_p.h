@@ -89,12 +89,13 @@ void McuServicePrivate::publish(const CallSite &slot, Values... values)
         if (checkCmdUpdateToApp(Description.hold.command))
             return;
     }
+    const QByteArray bytes = image<Description>();
     if constexpr (Description.dumpTag != nullptr) {
         if (isDebugLogged())
-            debugLine(slot) << Description.dumpTag << image<Description>().toHex();
+            debugLine(slot) << Description.dumpTag << bytes.toHex();
     }
     McuService *service = owner; // with a sanitizer GCC 12 does not read a member here
-    Q_EMIT(service->*Description.signal)(image<Description>());
+    Q_EMIT(service->*Description.signal)(bytes);
     if constexpr (Description.readiness.set != Readiness::Set::None)
         markReady(Description.readiness);
 }

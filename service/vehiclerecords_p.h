@@ -1,4 +1,4 @@
-// All vehicle reports as tables: signals, getter, dump tag, readiness bit and hold of each, and its
+// All vehicle records as tables: signals, getter, dump tag, readiness bit and hold of each, and its
 // fields in argument order with their widths and the gap bytes between them.
 #pragma once
 

@@ -37,7 +37,8 @@ QString anyValue(int type, int round, int place)
 /// The row with values for the letters among its arguments; unchanged if it has none.
 Row filled(Row row, const QVector<int> &types, int round)
 {
-    const QStringList arguments = splitOutside(row.stimulus.section('(', 1).chopped(1), ",");
+    const QStringList arguments =
+        splitOutside(row.stimulus.section('(', 1).section(')', 0, -2), ",");
     static const QRegularExpression letter("^[a-z]$");
     for (int place = 0; place < arguments.size(); ++place) {
         if (!letter.match(arguments[place]).hasMatch())

@@ -199,7 +199,7 @@ QStringList argumentTexts(const QString &call)
 {
     static const QRegularExpression range("^(\\d+)\\.\\.(\\d+)$");
     QStringList texts;
-    for (const QString &text : splitOutside(call.section('(', 1).chopped(1), ",")) {
+    for (const QString &text : splitOutside(call.section('(', 1).section(')', 0, -2), ",")) {
         const QRegularExpressionMatch match = range.match(text);
         if (!match.hasMatch())
             texts.append(text);
