@@ -121,11 +121,12 @@ public:
     QString mcuUserVersion();
     /// The SNID text, empty before its first report; "40527BKFM18264" without a service.
     QString cpSerialNumber();
-    /// Parking lamp of the last tail-line report: 2 is on, all else off.
+    /// Parking lamp of the last tail-line report: 2 is on, any other value is off.
     int parkingState();
-    /// Reverse gear of the last tail-line report: 2 is on, all else off.
+    /// Reverse gear of the last tail-line report: 2 is on, any other value is off.
     int reverseState();
-    /// Headlight of the last tail-line report or factory test setting: 2 is on, all else off.
+    /// Headlight of the last tail-line report or factory test setting: 2 is on, any other value is
+    /// off.
     int headlightState();
     /// First byte of the amplifier status record; -1 without a service.
     int getAmpStatus();

@@ -108,12 +108,12 @@ public:
     bool isReverseFromMcuSrv() const;
     /// Whether the MCU reports mute on, queried from the link.
     bool isMuteFromMcuSrv() const;
-    /// Parking lamp of the last tail-line report: 2 is on, all else off.
+    /// Parking lamp of the last tail-line report: 2 is on, any other value is off.
     int parkingState();
-    /// Reverse gear of the last tail-line report: 2 is on, all else off. The reverse gear of an AVM
-    /// report is not stored here; see reverseChanged().
+    /// Reverse gear of the last tail-line report: 2 is on, any other value is off. The reverse gear
+    /// of an AVM report is not stored here; see reverseChanged().
     int reverseState();
-    /// Headlight of the last tail-line report: 2 is on, all else off. Also set by
+    /// Headlight of the last tail-line report: 2 is on, any other value is off. Also set by
     /// setDayNightModeFromAutoTst().
     int headlightState();
     /// Mute line of the last tail-line report, a code of the MCU.
@@ -635,7 +635,7 @@ Q_SIGNALS:
     void audioVolumeChanged(bool isMute, int level, int type);
     /// A volume report: mute state, level and type of sound, all codes of the MCU.
     void audioVolumeChanged(int muteState, int level, int type);
-    /// A key report: state 0 is pressed, all else released. Keys are not stored.
+    /// A key report: state 0 is pressed, any other released. Keys are not stored.
     void keyEvent(int key, int state);
     /// The volume knob was turned.
     void volumeTurn(int state);

@@ -1,4 +1,4 @@
-// Programs that end in every order of application object and singletons; any output is a failure.
+// Ends with each order of application object and singletons. Any output is a failure.
 //
 //     exitcheck gone|first|alive|none
 #include "debug.h"
@@ -12,7 +12,7 @@
 
 namespace {
 
-/// Logs when everything else of the program is gone.
+/// Logs after all other objects of the program have been destroyed.
 struct LastWords {
     ~LastWords()
     {

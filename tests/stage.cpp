@@ -29,7 +29,7 @@ bool isStoreFull = false;
 
 } // namespace
 
-// The factory settings are kept in memory, in place of the substitute's files.
+// Stores the factory settings in memory instead of the substitute's files.
 int mem::SettingsExe::getValue(QString key, QString file, int fallback)
 {
     bool isNumber = false;
@@ -72,9 +72,9 @@ QString platformText(const substitute::Call &call)
     return isStored ? show("stored." + values[0].toString(), {values[2]}) : show(call.name, values);
 }
 
-/// Puts back what outlives a stage: connections to the link and the platform, and the one bridge.
-/// The process's own facade keeps the link, by which the manager's instance mutes and the factory
-/// test answers, but gets no reports.
+/// Resets what is used by all stages: connections to the link and the platform, and the bridge. The
+/// facade of the process stays connected to the link, because the manager's instance() mutes
+/// through it and the factory test answers through it, but it gets no reports.
 void putBack()
 {
     static const bool linked = mcu::McuService::instance()->init();
@@ -101,7 +101,7 @@ void putBack()
     bridge->notifyRadarUpdate(nothing.data(), nothing.data(), 0, 0, 0);
 }
 
-/// What a script sets, by its name; the answers of the link are known to the link.
+/// The states that a script can set, by name; the link has the names of its own answers.
 const QHash<QString, std::function<void(const QVariantList &values)>> settings{
     {"forceTime", [](const QVariantList &values) { platform::setForceTime(values[0].toBool()); }},
     {"upgrading",
@@ -117,7 +117,7 @@ const QHash<QString, std::function<void(const QVariantList &values)>> settings{
      }},
     {"muteState", [](const QVariantList &values) { platform::setMuteState(values[0].toInt()); }},
     {"attState", [](const QVariantList &values) { platform::setAttState(values[0].toInt()); }},
-    {"stored", // "key=value key=value", and nothing else
+    {"stored", // "key=value key=value"; replaces all settings
      [](const QVariantList &values) {
          storedSettings.clear();
          for (const QString &entry : values[0].toString().split(' ', Qt::SkipEmptyParts))
@@ -131,7 +131,7 @@ const QHash<QString, std::function<void(const QVariantList &values)>> settings{
      }},
 };
 
-/// The value that a text stands for.
+/// The value of a text.
 QVariant parsed(const QString &text)
 {
     static const QRegularExpression repeated("^\"(.)\"\\*(\\d+)$");
@@ -145,11 +145,11 @@ QVariant parsed(const QString &text)
         return packet;
     const QJsonDocument json = QJsonDocument::fromJson('[' + text.toUtf8() + ']');
     if (json.array().size() != 1)
-        qFatal("no value: %s", qPrintable(text));
+        qFatal("not a value: %s", qPrintable(text));
     return json.array().first().toVariant();
 }
 
-/// The texts of the arguments of a call, 1..4 written out.
+/// The texts of the arguments of a call, with 1..4 as 1, 2, 3, 4.
 QStringList argumentTexts(const QString &call)
 {
     static const QRegularExpression range("^(\\d+)\\.\\.(\\d+)$");
@@ -165,7 +165,7 @@ QStringList argumentTexts(const QString &call)
     return texts;
 }
 
-/// What can be read of an object of a class.
+/// The getters of a class.
 QVector<mcusim::Operation> queriesOf(const QString &className)
 {
     static const QHash<QString, QVector<mcusim::Operation>> byClass = [] {
@@ -180,7 +180,7 @@ QVector<mcusim::Operation> queriesOf(const QString &className)
     return byClass[className];
 }
 
-/// 0, false, an empty text or nothing but zeros in a list; bytes show their length.
+/// Whether a value is 0, false, an empty text or a list of zeros. Bytes are neutral only if empty.
 bool isNeutral(const QVariant &value)
 {
     if (value.type() == QVariant::ByteArray)
@@ -252,7 +252,7 @@ Stage::~Stage()
     platform::log().setListener(nullptr);
 }
 
-/// Makes an object known by a name: notes what it emits and reads what it lets be read.
+/// Adds an object with its name: records its signals and reads its getters.
 void Stage::add(const QString &name, QObject *object, const QString &prefix)
 {
     m_objects[name] = object;
@@ -285,7 +285,7 @@ QStringList Stage::play(const QString &stimulus)
     return texts + differing(after, before);
 }
 
-/// Does one thing; what it results in.
+/// Performs one input and returns its result.
 QStringList Stage::perform(const QString &stimulus)
 {
     const QStringList words = splitOutside(stimulus, " ");
@@ -327,7 +327,7 @@ QStringList Stage::call(const QString &stimulus)
     const Callee called = callee(stimulus);
     const QStringList texts = argumentTexts(stimulus);
     if (texts.size() != called.types.size())
-        qFatal("%d arguments wanted: %s", called.types.size(), qPrintable(stimulus));
+        qFatal("%d arguments expected: %s", called.types.size(), qPrintable(stimulus));
     QVariantList arguments;
     for (int i = 0; i < texts.size(); ++i) {
         arguments.append(parsed(texts[i]));
@@ -357,7 +357,7 @@ QStringList Stage::readAll(const QString &object) const
 
 QVector<int> Stage::parameterTypes(const QString &stimulus) const { return callee(stimulus).types; }
 
-/// What "keyEventSgl(7,0)" or "unlinked McuService.SetVolume(12)" calls.
+/// The operation that "keyEventSgl(7,0)" or "unlinked McuService.SetVolume(12)" calls.
 Stage::Callee Stage::callee(const QString &stimulus) const
 {
     const QString name = stimulus.section('(', 0, 0);
@@ -366,7 +366,7 @@ Stage::Callee Stage::callee(const QString &stimulus) const
     const bool isReport = !name.contains('.');
     QObject *object = isReport ? mcu::McuSrv::instance() : m_objects[name.section('.', 0, 0)];
     if (!object)
-        qFatal("there is no object for %s", qPrintable(stimulus));
+        qFatal("no object for %s", qPrintable(stimulus));
     for (const mcusim::Operation &operation : scriptOperations()) {
         if (operation.name == operationName && operation.parameters.size() == count) {
             QVector<int> types;
@@ -389,7 +389,7 @@ Stage::Callee Stage::callee(const QString &stimulus) const
         return {types, [=](const QVariantList &arguments) { return invoke(object, i, arguments); },
                 isReport};
     }
-    qFatal("nothing is called %s with %d arguments", qPrintable(name), count);
+    qFatal("no operation or signal %s with %d arguments", qPrintable(name), count);
 }
 
 void Stage::input(const std::function<void()> &action) const
@@ -410,7 +410,7 @@ void Stage::note(const QString &name, const QString &text)
         perform(m_reactions[name]);
 }
 
-/// All that can be read now. Some queries log, which is not what scripts want to see.
+/// The current values of all getters. Some getters log; these lines are not shown to scripts.
 QVariantList Stage::readings() const
 {
     QLoggingCategory *category = QLoggingCategory::defaultCategory();

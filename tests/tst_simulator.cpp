@@ -1,4 +1,4 @@
-// The desk tool: what it refuses to read, how it judges what came back, and how it ends.
+// mcusim: the scenarios that it refuses, its verdicts on outputs, and its exit status.
 #include "expectations.h"
 #include "linksubstitute.h"
 #include "operations.h"
