@@ -186,7 +186,7 @@ bool isNeutral(const QVariant &value)
     if (value.type() == QVariant::ByteArray)
         return value.toByteArray().isEmpty();
     if (value.type() != QVariant::List)
-        return value == QVariant(value.type(), nullptr) || value.toString().isEmpty();
+        return value == QVariant(value.userType(), nullptr) || value.toString().isEmpty();
     const QVariantList list = value.toList();
     return list.count(0) == list.size();
 }
