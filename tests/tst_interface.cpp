@@ -150,6 +150,14 @@ private Q_SLOTS:
         QCOMPARE(found, lines("metaobjects.txt"));
     }
 
+    void belongsToItsParent()
+    {
+        QObject parent;
+        const QObject *children[]{new McuService(&parent), new mcu::AutoTestHandler(&parent)};
+        for (const QObject *child : children)
+            QCOMPARE(child->parent(), &parent);
+    }
+
     void connectsInOrder()
     {
         const QStringList wanted = lines("connections.txt");
