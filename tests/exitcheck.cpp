@@ -21,14 +21,6 @@ struct LastWords {
     }
 };
 
-void work(QCoreApplication &application)
-{
-    mcu::McuService::instance()->init();
-    substitute::link::inject("keyEventSgl", {1, 0}, nullptr, substitute::Emitter::ReaderThread);
-    substitute::link::drainReaderThread();
-    application.processEvents();
-}
-
 } // namespace
 
 int main(int argc, char **argv)
@@ -44,7 +36,10 @@ int main(int argc, char **argv)
     if (mode == "first")
         mcu::McuService::instance();
     QCoreApplication application(argc, argv);
-    work(application);
+    mcu::McuService::instance()->init();
+    substitute::link::inject("keyEventSgl", {1, 0}, nullptr, substitute::Emitter::ReaderThread);
+    substitute::link::drainReaderThread();
+    QCoreApplication::processEvents();
     if (mode == "alive")
         std::exit(0);
     return 0;
