@@ -97,6 +97,22 @@ constexpr Wire wiring[]{
 constexpr char signalCode = '0' + QSIGNAL_CODE;
 constexpr char slotCode = '0' + QSLOT_CODE;
 
+/// The parameter types of a method, "(int,int)". QMetaMethod::methodSignature() has them too, but
+/// would add an eighth to the cost of init().
+QByteArray argumentList(const QMetaMethod &method)
+{
+    QByteArray list;
+    list.reserve(128);
+    list += '(';
+    for (int i = 0; i < method.parameterCount(); ++i) {
+        if (i > 0)
+            list += ',';
+        list += QMetaType::typeName(method.parameterType(i));
+    }
+    list += ')';
+    return list;
+}
+
 } // namespace
 
 McuService *McuService::instance()
@@ -147,10 +163,9 @@ void McuService::serviceConnectedSignals()
     for (const Wire &wire : wiring) {
         const QMetaMethod target = methods.value(wire.target);
         const bool relay = target.methodType() == QMetaMethod::Signal;
-        const QByteArray signature = target.methodSignature();
-        const char *arguments = signature.constData() + qstrlen(wire.target);
-        const QByteArray signal = signalCode % (wire.linkSignal % QByteArray(arguments));
-        const QByteArray member = (relay ? signalCode : slotCode) % signature;
+        const QByteArray arguments = argumentList(target);
+        const QByteArray signal = signalCode % (wire.linkSignal % arguments);
+        const QByteArray member = (relay ? signalCode : slotCode) % (wire.target % arguments);
         connect(m_link, signal, this, member);
     }
 }

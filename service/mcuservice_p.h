@@ -76,6 +76,17 @@ public:
     void publish(const CallSite &slot, Values... values);
 
 private:
+    /// The same, and the dump line of it. One copy for both: a message handler may report again.
+    template <const RecordDescription &Description>
+    QByteArray loggedImage(const CallSite &slot)
+    {
+        const QByteArray bytes = image<Description>();
+        if constexpr (Description.dumpTag != nullptr) {
+            if (isDebugLogged())
+                debugLine(slot) << Description.dumpTag << bytes.toHex();
+        }
+        return bytes;
+    }
     /// Stores that a report has been emitted. Emits CANDataReady() for the report that completes
     /// the first set.
     void markReady(const Readiness &readiness);
@@ -89,13 +100,8 @@ void McuServicePrivate::publish(const CallSite &slot, Values... values)
         if (checkCmdUpdateToApp(Description.hold.command))
             return;
     }
-    const QByteArray bytes = image<Description>();
-    if constexpr (Description.dumpTag != nullptr) {
-        if (isDebugLogged())
-            debugLine(slot) << Description.dumpTag << bytes.toHex();
-    }
     McuService *service = owner; // with a sanitizer GCC 12 does not read a member here
-    Q_EMIT(service->*Description.signal)(bytes);
+    Q_EMIT(service->*Description.signal)(loggedImage<Description>(slot));
     if constexpr (Description.readiness.set != Readiness::Set::None)
         markReady(Description.readiness);
 }
