@@ -80,7 +80,7 @@ private:
     template <const RecordDescription &Description>
     QByteArray loggedImage(const CallSite &slot)
     {
-        const QByteArray bytes = image<Description>();
+        QByteArray bytes = image<Description>();
         if constexpr (Description.dumpTag != nullptr) {
             if (isDebugLogged())
                 debugLine(slot) << Description.dumpTag << bytes.toHex();
