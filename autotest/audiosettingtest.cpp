@@ -1,5 +1,5 @@
-// The factory audio-setting test: switches subwoofer, demo mode and the filter of the current
-// crossover in the settings, and applies them to the MCU.
+// The factory audio-setting test: stores subwoofer, demo mode and the filter of the current
+// crossover in the settings, and sends the sound settings to the MCU.
 #include "autotesthandler.h"
 
 #include "autotesthandler_p.h"
@@ -21,14 +21,14 @@ int storedInt(const char *key)
     return settings()->getSaver()->getValue(QLatin1String(key), speakerSettingsFile, 0);
 }
 
-/// Sum without overflow: what the settings file holds is not checked.
+/// Sum without overflow, because the values of the settings file are not checked.
 int wrappingSum(int left, unsigned right) { return int(unsigned(left) + right); }
 
-/// Sends the filter of a crossover type to the amplifier; a filter that is off is all zeros. False
-/// when the type has no filter.
+/// Sends the filter of a crossover type to the MCU, with zeros if the filter is off. Returns false
+/// if the type has no filter.
 bool applyFilter(McuService *service, int type, int speakerMode, bool on, int value, int slope)
 {
-    constexpr unsigned thirdTypeOffset = 11; // Kept: the amplifier counts type 3 from there
+    constexpr unsigned thirdTypeOffset = 11; // Kept: the amplifier expects this offset for type 3
     const int sentValue = on ? value : 0;
     const int sentSlope = on ? slope : 0;
     if (type == 0)
@@ -50,11 +50,11 @@ bool applyFilter(McuService *service, int type, int speakerMode, bool on, int va
 
 void AutoTestHandlerPrivate::testAudioSettings(const QByteArray &request)
 {
-    // One byte for each setting: 1 is on, 2 is off, anything else leaves it alone.
+    // One byte per setting: 1 is on, 2 is off, any other value does not change it.
     using Step = void (AutoTestHandler::*)(int);
     constexpr Step steps[]{&AutoTestHandler::setSubWooferStatus,
                            &AutoTestHandler::setDemoModeStatus, &AutoTestHandler::setLPFStatus};
-    AutoTestHandler *test = owner; // GCC 12's sanitizer leaves a member unread in this kind of call
+    AutoTestHandler *test = owner; // with a sanitizer GCC 12 does not read a member here
     int number = 0;
     for (const Step step : steps) {
         const int order = wire::payloadByte(request, number++);
@@ -73,7 +73,7 @@ void AutoTestHandler::setSubWooferStatus(int v)
 
     constexpr int channels = 5;
     constexpr int subwoofer = 4;
-    constexpr unsigned neutral = 24; // a level of 0 as the MCU counts
+    constexpr unsigned neutral = 24; // what the MCU receives for level 0
     const int type = settings()->getSpeakerLevelCurrentType(0);
     QByteArray levels;
     for (int channel = 0; channel < channels; ++channel) {
@@ -90,13 +90,14 @@ void AutoTestHandler::setSubWooferStatus(int v)
 
 void AutoTestHandler::setDemoModeStatus(int v)
 {
-    // Numbers of the platform: the display that must hear of demo mode going off, and how.
+    // Codes of the platform: while this display is shown, it gets this event when demo mode is
+    // switched off.
     constexpr int demoDisplay = 30;
     constexpr int demoOffEvent = 52;
     const bool stored =
         settings()->getSaver()->getValue(QStringLiteral("DemoOnOff"), speakerSettingsFile, false);
     MCU_DEBUG << stored << v;
-    // The two count the other way round: equal means that the stored mode is not the wanted one.
+    // v is 0 for on, the stored value is 1 for on: if they are equal, the setting changes.
     if (int(stored) == v)
         settings()->setDemoOnOff(v == 0, true);
     if (v == 1 && SrcDsplCtrl::currentDspl() == demoDisplay)
@@ -108,7 +109,7 @@ void AutoTestHandler::setLPFStatus(int v)
     const int type = storedInt("CrossoverType");
     const int current = settings()->getHpfLpfOnOff(type, 0);
     MCU_DEBUG << "onHPF_On_Off >>> " << type << current << v;
-    if (current != v) // counted the other way round, as above
+    if (current != v) // 0 is on for v and 1 for the setting, as above
         return;
     settings()->setHpfLpfOnOff(type, v == 0 ? 1 : 0, true);
 

@@ -1,4 +1,4 @@
-// The factory test's life cycle, its way from received bytes to a verified packet, and its answers.
+// The factory test handler: its life cycle, received packets, and the packets that it sends.
 #include "autotesthandler.h"
 
 #include "autotesthandler_p.h"
@@ -12,7 +12,7 @@ namespace mcu {
 
 namespace {
 
-/// Line tooling reads the traffic from standard error: one line a packet, in one write.
+/// Tools of the test line read the packets from standard error: one line per packet, in one write.
 void writeRaw(const char *mark, const QByteArray &packet)
 {
     std::fprintf(stderr, "%s %s\n", mark, packet.toHex(' ').toUpper().constData());
@@ -53,7 +53,7 @@ void AutoTestHandler::stop()
                SLOT(onAutoTestPkgChanged(QByteArray)));
 }
 
-// A blank in a signature costs Qt a second search.
+// Without blanks in the signatures a connection takes the fast path of Qt.
 // clang-format off
 void switchFactoryTest(McuService *facade, bool on)
 {
@@ -65,8 +65,8 @@ void switchFactoryTest(McuService *facade, bool on)
         QObject::connect(EventHandler::instance(), SIGNAL(keyEventForAutotest(int, int, int)),
                          handler, SLOT(onHuKeyHandle(int,int,int)));
     } else {
-        // Kept: the dispatcher's keys stay connected. They reach the handler after the mode has
-        // ended too, and each further entry into it adds one more connection.
+        // Kept: the dispatcher's keys stay connected, and each further start connects them once
+        // more; test stations know the repeated key reports.
         handler->stop();
         QObject::disconnect(facade, SIGNAL(keyEvent(int,int)), handler, SLOT(onKeyHandle(int,int)));
     }
@@ -75,7 +75,7 @@ void switchFactoryTest(McuService *facade, bool on)
 
 bool AutoTestHandler::isInAutotestMode() { return m_data->inAutotestMode != 0; }
 
-// Packets in
+// Received packets
 
 void AutoTestHandler::onAutoTestPkgChanged(QByteArray data)
 {
@@ -90,8 +90,8 @@ void AutoTestHandler::onAutoTestPkgChanged(QByteArray data)
         MCU_DEBUG << "not found sync id.";
         return;
     }
-    // Kept: one packet for each chunk; stations wait for the answer before they send on. What else
-    // is in the chunk waits for later ones.
+    // Kept: one packet per chunk; stations wait for the answer before they send the next. Further
+    // packets of the chunk wait for later chunks.
     analysisData();
 }
 
@@ -107,7 +107,7 @@ void AutoTestHandler::analysisData()
         packet.clear();
         return;
     }
-    // A listener may let the next packet in before it returns: work on a copy of its own.
+    // A copy, because an application may cause the next packet before the signal returns.
     parseDataCmd(QByteArray(packet));
 }
 
@@ -131,7 +131,7 @@ void AutoTestHandler::parseDataCmd(const QByteArray &packet)
     }
 }
 
-// Packets out
+// Sent packets
 
 void AutoTestHandler::sendReadInfo(int did, int item, const QByteArray &data)
 {

@@ -160,12 +160,13 @@ Q_SIGNALS:
     /// whether or not anything is connected to it.
     ///@{
 
-    /// 0x01: a sound setting. A missing value byte is read from the packet's start.
+    /// 0x01: a sound setting. With one payload byte, value is the checksum; with none, the first
+    /// byte of the packet.
     void setSoundInfo(int type, int value);
-    /// 0x02: media source. Missing bytes are read from the packet's start. Kept: applications
-    /// connect to this spelling.
+    /// 0x02: media source. The first missing byte is the checksum, further ones are read from the
+    /// packet's start. Kept: applications connect to this spelling.
     void setMedisSource(int type, int value1, int value2);
-    /// 0x03: a screen setting. Missing bytes are read from the packet's start.
+    /// 0x03: a screen setting. Missing bytes as in setMedisSource().
     void setScreenInfo(int type, int value);
     /// 0x04: date and time; data is the payload after the type byte. Not emitted without payload.
     void setTimeDataInfo(int type, QByteArray data);

@@ -1,5 +1,5 @@
-// The private block of the factory test handler: what it has received, its two modes, and how its
-// packets are built, sent and handed to the handler of their DID.
+// The private block of the factory test handler: received bytes, test mode and key test. It also
+// has the functions that send packets and call the handler of a DID.
 #pragma once
 
 #include "autotesthandler.h"
@@ -17,8 +17,8 @@ struct Command {
     void (Handlers::*handle)(const QByteArray &packet);
 };
 
-/// Calls the first row with the packet's DID; false when there is none, which is logged in the name
-/// of the caller.
+/// Calls the handler of the first row with the packet's DID. Without a row, logs the DID with the
+/// call site of the caller and returns false.
 template <typename Handlers, std::size_t Rows>
 bool dispatch(const Command<Handlers> (&table)[Rows], Handlers handlers, const QByteArray &packet,
               const CallSite &caller)
@@ -39,7 +39,7 @@ class AutoTestHandlerPrivate : public QxPrivate<AutoTestHandler> {
 public:
     McuService *service = McuService::instance(); ///< not owned
     wire::ReceiveBuffer recvBuffer;
-    QByteArray packet; ///< the last one cut out of recvBuffer; empty when it was broken
+    QByteArray packet; ///< the last packet from recvBuffer; empty if it was broken
     quint8 inAutotestMode = 0;
     quint8 keyDetect = 0;
 

@@ -1,4 +1,4 @@
-// Builds and verifies factory packets and finds them in the byte stream of the station.
+// Builds factory packets, verifies them and finds them in the received bytes.
 #include "autotestpacket_p.h"
 
 #include "debug.h"
@@ -11,10 +11,10 @@ namespace mcu::wire {
 namespace {
 
 constexpr char sync[]{'\xff', '\x55'};
-/// Bytes of a packet that its length byte does not count: sync, length and checksum.
+/// Number of bytes that the length byte does not count: sync, length and checksum.
 constexpr int uncounted = 4;
 
-/// What makes the 8-bit sum of the bytes and itself 0.
+/// The value that makes the 8-bit sum of the bytes and itself 0.
 quint8 checksumOf(const char *from, const char *end)
 {
     unsigned sum = 0;
@@ -60,7 +60,7 @@ bool verifiPackageCheckSum(const char *data, int len)
 
 void ReceiveBuffer::append(const QByteArray &chunk)
 {
-    // Not with every packet, but when the consumed bytes outnumber the waiting ones.
+    // Consumed bytes are removed only when they are more than the waiting ones.
     if (m_begin > m_bytes.size() / 2) {
         m_bytes.erase(m_bytes.begin(), std::next(m_bytes.begin(), qptrdiff(m_begin)));
         m_searched -= m_begin;
@@ -92,13 +92,13 @@ bool ReceiveBuffer::checkPackageIsEntire(QByteArray &packet)
     }
     const char *front = m_bytes.data() + m_begin;
     const quint8 length = quint8(front[lengthOffset]);
-    // Kept: in 8 bits as the station counts, so 0xfc and above wrap to 0..3.
+    // Kept: in 8 bits, as the station counts, so length bytes from 0xfc on give 0 to 3.
     const quint8 total = quint8(length + uncounted);
     if (total > size()) {
         MCU_DEBUG << size() << total << length;
         return false;
     }
-    packet.resize(total); // keeps its memory from packet to packet
+    packet.resize(total); // reuses its memory
     std::copy_n(front, total, packet.begin());
     m_begin += total;
     m_searched = m_begin;

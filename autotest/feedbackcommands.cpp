@@ -1,4 +1,4 @@
-// Feedback of the factory station: accepted, nothing is done or answered.
+// Feedback of the factory station: accepted, without an action or an answer.
 #include "autotesthandler.h"
 
 #include "autotesthandler_p.h"

@@ -1,4 +1,4 @@
-// The factory key test: every key that the operator presses is reported to the station.
+// The factory key test: reports every key to the station.
 #include "autotesthandler.h"
 
 #include "autotesthandler_p.h"
@@ -15,8 +15,8 @@ constexpr int panelKeyDid = 0x41;
 enum Kind : int { WheelKey = 0, PanelKey = 1 };
 enum State : int { Pressed = 0, Released = 1, Held = 2 };
 
-/// Kept: the panel key that is reported only as held, even when released before; the station
-/// expects it so.
+/// Kept: this panel key is reported only as held, even if it was released before; the station
+/// expects this.
 constexpr int heldOnlyKey = 1;
 
 struct KeyCode {
@@ -35,7 +35,7 @@ constexpr KeyCode panelCodes[]{
     {15, '\xae'},          {0xa6, '\xa4'}, {0xa7, '\xa3'},
 };
 
-/// The station's code of a key, or nothing when it has none.
+/// The station's code of a key; empty if it has none.
 template <std::size_t Rows>
 QByteArray codeOf(int key, const KeyCode (&table)[Rows])
 {
@@ -59,7 +59,7 @@ void AutoTestHandlerPrivate::setKeyTest(bool on)
 
 bool AutoTestHandler::isKeyDetect() { return m_data->keyDetect != 0; }
 
-// Kept: both names for the one flag, applications use either.
+// Kept: two names for one flag; applications use both.
 bool AutoTestHandler::isInKeyTest() { return isKeyDetect(); }
 
 void AutoTestHandler::onKeyHandle(int key, int state) { onHuKeyHandle(key, state, WheelKey); }
@@ -88,7 +88,7 @@ void AutoTestHandler::onHuKeyHandle(int key, int state, int kind)
 void AutoTestHandler::reportPanelKey(int key, int state)
 {
     if (state == Released) {
-        // The press of this key goes on being reported as held: its timer is left alone.
+        // The timer of this key is not stopped: the key is reported as held after its release too.
         if (key == heldOnlyKey)
             return;
         if (m_longPress)

@@ -1,4 +1,4 @@
-// Read requests of the factory station: which DID becomes which signal.
+// Read requests of the factory station: the signal for each DID.
 #include "autotesthandler.h"
 
 #include "autotesthandler_p.h"
@@ -9,7 +9,7 @@ namespace {
 
 using wire::payloadByte;
 
-/// The handlers of the read requests, each given the whole packet.
+/// The handlers of the read requests. Each gets the whole packet.
 struct ReadRequests {
     AutoTestHandler *test;
 
@@ -138,7 +138,7 @@ void AutoTestHandler::parseReadData(const QByteArray &packet)
         {0xa8, &ReadRequests::parse_ATR_MMI_FUNC_DID},
         {0xa9, &ReadRequests::parse_ATR_VEH_NET_DID},
         {0xb0, &ReadRequests::parse_ATR_WIFI_CONN_DID},
-        {0xb0, &ReadRequests::parse_ATR_WIFI_SIG_DID}, // Kept: second of its DID, never reached
+        {0xb0, &ReadRequests::parse_ATR_WIFI_SIG_DID}, // Kept: second row of this DID, never called
         {0xc0, &ReadRequests::parse_ATR_DVR_DID},
         {0xd0, &ReadRequests::parse_ATR_DEST_DID},
         {0xd1, &ReadRequests::parse_ATR_GPS_DID},

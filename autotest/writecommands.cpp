@@ -1,4 +1,4 @@
-// Write requests of the factory station: which DID becomes which signal, and the acknowledgement.
+// Write requests of the factory station: the signal for each DID, and the acknowledgement.
 #include "autotesthandler.h"
 
 #include "autotesthandler_p.h"
@@ -12,18 +12,19 @@ using wire::wrappedPayloadByte;
 
 bool hasPayload(const QByteArray &packet) { return wire::byteAt(packet, wire::lengthOffset) >= 3; }
 
-/// The payload behind its first byte, without the checksum.
+/// The payload after its first byte, without the checksum.
 QByteArray afterFirstByte(const QByteArray &packet)
 {
     return packet.mid(wire::payloadOffset + 1, wire::byteAt(packet, wire::lengthOffset) - 3);
 }
 
-/// The handlers of the write requests, each given the whole packet.
+/// The handlers of the write requests. Each gets the whole packet.
 struct WriteRequests {
     AutoTestHandler *test;
     AutoTestHandlerPrivate *data;
 
-    // Kept: bytes beyond the end are read from the start in these three; stations send short ones.
+    // Kept: these three take bytes after the end from the start of the packet; stations send short
+    // packets.
     void parse_ATW_SOUND_DID(const QByteArray &packet)
     {
         Q_EMIT test->setSoundInfo(payloadByte(packet, 0), wrappedPayloadByte(packet, 1));
@@ -126,7 +127,7 @@ struct WriteRequests {
     }
     void parse_ATW_SET_SWC_ADAPTER(const QByteArray &packet)
     {
-        // Kept: log filters know the line by this name.
+        // Kept: log filters match the line by this name.
         if (isDebugLogged())
             debugLine({__FILE__, __LINE__,
                        "void mcu::AutoTestHandler::parse_ATW_SET_SWC_ADAPTER(const QByteArray&)"})

@@ -26,8 +26,8 @@ if(MCUSERVICE_SANITIZE)
     target_compile_definitions(mcuservice_rules INTERFACE QT_FORCE_ASSERTS)
 endif()
 
-# All sources of the library, compiled once: the objects make the shared library and serve the tests,
-# which so reach what the library hides and test the very code that ships.
+# All sources of the library, compiled once. The shared library and the tests link the same objects.
+# So the tests reach symbols that the library hides, and test the code that ships.
 add_library(mcuservice_objects INTERFACE)
 # All headers of the library and the platform, for tests and tools.
 add_library(mcuservice_includes INTERFACE)
@@ -35,8 +35,8 @@ target_include_directories(mcuservice_includes INTERFACE
     ${PROJECT_SOURCE_DIR}/platform/contract/link ${PROJECT_SOURCE_DIR}/platform/contract/services)
 target_link_libraries(mcuservice_objects INTERFACE mcuservice_includes mcuservice_rules Qt5::Core)
 
-# mcuservice_layer(folder [SEES folder...]): the sources of a folder, compiled with the headers of that
-# folder and of those it names, and no others.
+# mcuservice_layer(folder [SEES folder...]): compiles the sources of a folder. They can include only
+# the headers of this folder and of the folders that SEES names.
 function(mcuservice_layer folder)
     cmake_parse_arguments(layer "" "" "SEES" ${ARGN})
     set(target mcuservice_${folder})

@@ -1,4 +1,4 @@
-// How forwarders reach what they stand in front of: one guarded call for all of them.
+// The null-checked call that all forwarders use.
 #pragma once
 
 #include <type_traits>
@@ -6,8 +6,8 @@
 
 namespace mcu {
 
-/// Calls the operation on the target and gives its result; without a target does nothing and gives
-/// a neutral value (0, false, empty).
+/// Calls the operation on the target and returns its result. Without a target does nothing and
+/// returns a default value (0, false, empty).
 template <typename Target, typename Operation, typename... Arguments>
 auto callOn(Target *target, Operation operation, Arguments &&...arguments)
 {

@@ -1,4 +1,4 @@
-// Writes the fixed front of a log line, and the three lines of the scope tracer.
+// Writes the items before the text of a log line, and the three lines of the scope tracer.
 #include "debug.h"
 
 #include <sys/syscall.h>
@@ -11,8 +11,8 @@ constexpr char category[] = "default";
 
 qlonglong kernelThreadId() { return syscall(SYS_gettid); }
 
-// One line of the tracer. Kept: its lines carry the shared header as their file, without ".h", for
-// all components know the class by that name.
+// One line of the tracer. Kept: the file of its lines is the shared header, without ".h", because
+// all components identify the class by that name.
 QDebug traceLine(const CallSite &site, const QString &name, int line)
 {
     return QMessageLogger("include/debug", site.line, site.function, category).debug()

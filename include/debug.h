@@ -30,7 +30,7 @@ struct CallSite {
 
 /// Stream of one "[DBG]" line, written up to and including "--"; the line ends with the stream. The
 /// thread id is queried from the kernel each time, so it is right in a forked child too.
-/// Writes even while debug output is off: test isDebugLogged() first.
+/// While debug output is off, the line is formatted and then dropped: test isDebugLogged() first.
 MCUSERVICE_EXPORT QDebug debugLine(const CallSite &site);
 /// Stream of one "[ERR]" line, as debugLine(); test isCriticalLogged() first.
 MCUSERVICE_EXPORT QDebug criticalLine(const CallSite &site);

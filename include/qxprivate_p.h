@@ -1,4 +1,4 @@
-// Base of the private blocks: a virtual destructor and the way back to the public object.
+// Base of the private blocks: a virtual destructor and a pointer to the public object.
 #pragma once
 
 template <typename Owner>
@@ -9,6 +9,6 @@ public:
     QxPrivate(const QxPrivate &) = delete;
     QxPrivate &operator=(const QxPrivate &) = delete;
 
-    /// The public object; null until its constructor has made the block.
+    /// The public object; null until its constructor has created the block.
     Owner *owner = nullptr;
 };

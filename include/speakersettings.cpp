@@ -1,5 +1,5 @@
-// The speaker and crossover members of mem::SettingsUtil: each builds its key, calls the store once
-// and, when asked to, announces the change.
+// The speaker and crossover members of mem::SettingsUtil. Each builds its key and calls the store
+// once. A setter also announces the change if `notify` is set.
 #include "speakersettings_p.h"
 
 #include "settingsexe.h"

@@ -12,7 +12,7 @@ constexpr std::array eventOn{1, 2, 3, 5, 7, 13, 21, 23, 25, 27};
 constexpr std::array eventOff{0, 4, 6, 8, 14, 22, 24, 26, 28};
 constexpr std::array phoneEnd{12};
 
-/// Codes of the platform audio service, looked for in this order.
+/// Codes of the platform audio service for events that interrupt the main audio.
 constexpr std::array interrupts{6, 8, 10, 14, 16, 23, 25, 29, 31, 33, 58, 59, 60};
 
 template <typename Values>

@@ -1,23 +1,23 @@
-// What the audio arbitration knows: which statuses start and end an audio event, which platform
-// events interrupt, what is taken down to be restored. Plain values; McuManager acts on them.
+// Tables of the audio arbitration: the statuses that start and end an audio event, the platform
+// events that interrupt, and the records to restore. Plain values; McuManager acts on them.
 #pragma once
 
 #include <QList>
 
 namespace mcu::arbitration {
 
-/// What an audio status does to the main audio.
+/// The effect of an audio status on the main audio.
 enum class StatusGroup {
-    EventOn,    ///< an event takes over: its mute and attenuation are recorded, then cleared
-    EventOff,   ///< an event is over: what was recorded is given back
-    PhoneEnd,   ///< a phone call is over
-    PassThrough ///< nothing
+    EventOn,    ///< an event begins: mute and attenuation are recorded, then switched off
+    EventOff,   ///< an event ends: the recorded mute and attenuation are restored
+    PhoneEnd,   ///< a phone call ends: no effect
+    PassThrough ///< no effect
 };
 
-/// The group of a status; every value has one.
+/// The group of a status; every number has one.
 StatusGroup groupOf(int status);
 
-/// How the mute or the attenuation was before the first event of a run, and so is to be again.
+/// State of the mute or the attenuation before the first event of a run, to be restored.
 enum RestoreRecord : int { NothingRecorded = 0, RestoreOff = 1, RestoreOn = 2 };
 
 constexpr RestoreRecord recordOf(bool isOn) { return isOn ? RestoreOn : RestoreOff; }

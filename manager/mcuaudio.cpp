@@ -1,10 +1,10 @@
-// Audio arbitration: which channel is in front, and how the main audio makes room for an event and
-// comes back after it. docs/audio.md shows the cycle; the comments here name its states:
+// Audio arbitration: the audio channel, and the main audio during an event and after it.
+// docs/audio.md describes the cycle; the comments here use the names of its states:
 //
-//     idle        nothing recorded
-//     recorded    an event took over; mute and attenuation of before are recorded
-//     waiting     the event is over, but the platform still has interrupting events
-//     restoring   given back; the records are kept until the restore timer ends
+//     idle        nothing is recorded
+//     recorded    an event is heard; mute and attenuation from before it are recorded
+//     waiting     the event has ended, but the platform still has interrupting events
+//     restoring   the main audio is restored; the records are kept until the restore timer ends
 #include "mcumanager.h"
 
 #include "audioarbitration_p.h"
@@ -21,11 +21,11 @@ namespace arbitration = mcu::arbitration;
 
 namespace {
 
-/// Type of the MCU mute that covers a switch of the main audio. Kept: a manager over a service of
-/// one's own covers it through instance(), for the mute is that of the one MCU.
+/// Type of the MCU mute that covers a switch of the main audio. Kept: a manager over another
+/// service also sends it through instance(), because there is one MCU.
 constexpr int switchMute = 50;
 
-constexpr char duckMarker[] = "~~~~~~~~~~~~~~~~~~~~~~~"; ///< Kept: log filters know the text
+constexpr char duckMarker[] = "~~~~~~~~~~~~~~~~~~~~~~~"; ///< Kept: log filters match the text
 
 } // namespace
 
@@ -77,7 +77,7 @@ void McuManager::updateAudioStatus(McuManager::AudioStatus status)
     switch (arbitration::groupOf(status)) {
     case arbitration::StatusGroup::EventOn: { // idle, recorded, restoring -> recorded
         AudioService *audio = AudioService::instance();
-        // What is recorded already stays: the first event of a run wins.
+        // An existing record stays: only the first event of a run is recorded.
         if (m_restoreMuteOfEvtOff == arbitration::NothingRecorded) {
             const bool muted = audio->isMainAudioMute(audio->muteState());
             MCU_DEBUG << muted;
@@ -95,7 +95,7 @@ void McuManager::updateAudioStatus(McuManager::AudioStatus status)
         instance()->setAudioMute2(true, switchMute);
         audio->Att20DB(false);
         audio->setMainAudioMute(false);
-        // Queued, here and at the start: timers belong to the manager's thread.
+        // Stop and start of the timer are queued, because it belongs to the manager's thread.
         QMetaObject::invokeMethod(&m_dlyEndRestoreMuteTmr, "stop", Qt::QueuedConnection);
         break;
     }
@@ -131,8 +131,8 @@ void McuManager::checkEventOffRestoreMute()
         return;
     }
 
-    // -> restoring. Kept: restoring attenuation cancels the mute restore, and taking attenuation
-    // off goes by the mute record; audio applications rely on both.
+    // -> restoring. Kept: restoring the attenuation cancels the restore of the mute, and the
+    // attenuation is switched off if the mute record says off; audio applications rely on both.
     MCU_DEBUG << m_atttoreMuteOfEvtOff;
     if (m_atttoreMuteOfEvtOff == arbitration::RestoreOn) {
         MCU_DEBUG << "restore att";
@@ -158,7 +158,7 @@ void McuManager::checkEventOffRestoreMute()
 
 void McuManager::onEventStateChanged()
 {
-    // Any event, interrupting or not, keeps waiting.
+    // The wait lasts while any event is active, interrupting or not.
     const bool noEvent = AudioService::instance()->eventStates().isEmpty();
     MCU_DEBUG << noEvent;
     if (noEvent)
@@ -201,7 +201,7 @@ void McuManager::unduckAudio(int type)
 {
     MCU_DEBUG << duckMarker << type;
     m_isDucking = false;
-    // Not between the steps of an updateAudioStatus() in another thread.
+    // Serialised with updateAudioStatus().
     const QMutexLocker lock(&m_mutex);
     callOn(m_service, &McuService::unduckAudio, type);
 }

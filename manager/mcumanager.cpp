@@ -1,5 +1,5 @@
-// The manager as an object: its start, the relays of the facade's signals, the watchdog, and the
-// commands and queries that it hands to the facade.
+// The manager: its start, the relays of the facade's signals, the watchdog, and the commands and
+// queries that it forwards to the facade.
 #include "mcumanager.h"
 
 #include "callon_p.h"
@@ -20,7 +20,7 @@ namespace {
 constexpr int watchdogPeriod = 10000; ///< milliseconds
 constexpr char mediaRoot[] = "/media";
 
-/// What the MCU is asked to report.
+/// Codes of the reports that the manager requests from the MCU.
 enum Request : int {
     DtcFlagInfo = 197,
     SetupInit1 = 220,
@@ -48,7 +48,7 @@ McuManager *McuManager::instance()
 
 McuManager::McuManager(McuService *service) : m_service(service)
 {
-    // Kept: the labels look crossed over, but tools read the lines by them.
+    // Kept: the labels do not match the versions; tools read the lines by them.
     MCU_DEBUG << "Hardware Version:" << mcuUserVersion();
     MCU_DEBUG << "MCU Version:" << mcuTestVersion();
     requestRadioInitData();
@@ -67,7 +67,7 @@ McuManager::~McuManager() = default;
 
 void McuManager::connectRelays()
 {
-    // A blank in a signature costs Qt a second search.
+    // Without blanks in the signatures a connection takes the fast path of Qt.
     // clang-format off
     const struct {
         const char *signal;
@@ -118,7 +118,7 @@ void McuManager::setWatchDogEnable(bool enable)
 
 void McuManager::onWatchdogTmrout()
 {
-    // Kept: nothing reads it but the debugger, when the MCU was last told.
+    // Kept: time of the last watchdog command, read only in the debugger.
     static QTime lastKick;
     lastKick = QTime::currentTime();
     setWatchDogEnable(true);
@@ -130,7 +130,7 @@ QString McuManager::mcuTestVersion() { return callOn(m_service, &McuService::tes
 
 QString McuManager::mcuUserVersion() { return callOn(m_service, &McuService::user_version); }
 
-// Kept: the fixed text without a service; applications compare with it.
+// Kept: a fixed text without a service; applications compare with it.
 QString McuManager::cpSerialNumber()
 {
     return m_service ? m_service->snIdName() : QStringLiteral("40527BKFM18264");
@@ -171,7 +171,7 @@ void McuManager::setVolume(int level) { callOn(m_service, &McuService::SetVolume
 
 void McuManager::setMute(bool mute) { callOn(m_service, &McuService::setMute, mute, 0); }
 
-// Kept: applications call it; it does nothing.
+// Kept: does nothing; applications call it.
 void McuManager::setAudioMute(bool) {}
 
 void McuManager::setAudioMute(int mute, int type)
@@ -372,7 +372,7 @@ void McuManager::updateDeviceStatus(McuManager::DeviceType type, McuManager::Dev
     callOn(m_service, &McuService::updateDeviceStatus, type, status);
 }
 
-// Kept: applications call the two; they do nothing.
+// Kept: these two do nothing; applications call them.
 
 void McuManager::setNCMTestMode() {}
 

@@ -121,11 +121,12 @@ public:
     QString mcuUserVersion();
     /// The SNID text, empty before its first report; "40527BKFM18264" without a service.
     QString cpSerialNumber();
-    /// Parking lamp of the last tail-line report: 2 is on, all else off.
+    /// Parking lamp of the last tail-line report: 2 is on, any other value is off.
     int parkingState();
-    /// Reverse gear of the last tail-line report: 2 is on, all else off.
+    /// Reverse gear of the last tail-line report: 2 is on, any other value is off.
     int reverseState();
-    /// Headlight of the last tail-line report: 2 is on, all else off.
+    /// Headlight of the last tail-line report or factory test setting: 2 is on, any other value is
+    /// off.
     int headlightState();
     /// First byte of the amplifier status record; -1 without a service.
     int getAmpStatus();
@@ -343,7 +344,8 @@ public:
     /// On the media mounted under "/media". The result is an absolute path, or an empty text if
     /// there is no such file. Only folders are read, no file is opened. Media and entries are taken
     /// in the order of their names, ignoring case. In folder "ROOT", the top level, a name must
-    /// match exactly; it may lead through folders, but not out of the medium.
+    /// match exactly; it may lead through folders, but not out of the medium. Links are
+    /// followed.
     ///@{
 
     /// Searches only the first medium with "/sd" in its path. Empty for an unknown file.

@@ -43,7 +43,7 @@ MediaRecord radioFrequency(int frequency)
 std::array<MediaRecord, 3> trackTexts(const QString &first, const QString &second,
                                       const QString &third)
 {
-    // Kept: the display takes them with falling codes.
+    // Kept: in descending order of the codes; the display expects this.
     return {{{FirstTrackText, first.toUtf8()},
              {SecondTrackText, second.toUtf8()},
              {ThirdTrackText, third.toUtf8()}}};

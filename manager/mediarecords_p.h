@@ -1,4 +1,4 @@
-// Media and phone information as the MCU's own display takes it: small typed records. Plain values;
+// Media and phone information for the MCU's own display, as small typed records. Plain values;
 // McuManager sends them.
 #pragma once
 
@@ -9,13 +9,13 @@
 
 namespace mcu::mediarecords {
 
-/// A type code of the MCU and the bytes that go with it; their number travels as well.
+/// A type code of the MCU and its bytes; the number of bytes is sent too.
 struct MediaRecord {
     int type;
     QByteArray data;
 };
 
-// Texts are UTF-8 without terminator and limit. Numbers are cut to their low bytes, never clamped.
+// Texts are UTF-8 without terminator and length limit. Numbers keep their low bytes.
 
 /// The low byte of the source, then three zeros.
 MediaRecord sourceState(int source);

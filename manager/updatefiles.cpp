@@ -1,5 +1,5 @@
-// The two searches for update images. They differ in more than the number of mounts, and callers
-// rely on both.
+// The two searches for update images. They differ in more than the number of mounts; callers rely
+// on the differences.
 #include "updatefiles_p.h"
 
 #include <QDir>
@@ -15,7 +15,7 @@ constexpr char sdMount[] = "/sd";
 constexpr char topLevel[] = "ROOT";
 constexpr char updateFolder[] = "/update";
 
-// The order is the values' of McuManager::UpdateFile.
+// In the order of the values of McuManager::UpdateFile.
 constexpr std::array images{
     Image{updateFolder, "st26mcu.bin"},  Image{updateFolder, "CUST_PIO.BIN"},
     Image{topLevel, "ISPBOOOT.BIN"},     Image{topLevel, "ISPBOOOT.md5"},
@@ -45,7 +45,7 @@ QFileInfoList filesIn(const QFileInfo &folder)
     return entries(folder.absoluteFilePath(), QDir::Files);
 }
 
-/// Path of the first file of that name, in any case; empty without one.
+/// Path of the first file with this name, ignoring case; empty if there is none.
 QString pathOf(const QString &name, const QFileInfoList &files)
 {
     const auto file = std::find_if(files.begin(), files.end(), [&](const QFileInfo &candidate) {
@@ -54,8 +54,8 @@ QString pathOf(const QString &name, const QFileInfoList &files)
     return file == files.end() ? QString() : file->absoluteFilePath();
 }
 
-/// Path of the entry of exactly that name, folders in it included, from the mount's top level on;
-/// empty without one and for a name that leads out of the mount.
+/// Path of the entry with exactly this name, which may contain folders, at the top level of the
+/// mount; empty if there is none or if the name leads out of the mount.
 QString topLevelPath(const QFileInfo &mount, const QString &name)
 {
     const QDir top(mount.absoluteFilePath());
@@ -124,7 +124,7 @@ QString findOnFirstMount(const QString &mediaRoot, const QString &folder, const 
 QString findOnAllMounts(const QString &mediaRoot, const QString &folder, const QString &name,
                         const QString &mountKey, bool forceSd)
 {
-    // An empty key that is not null is in every path: all mounts.
+    // An empty key that is not null is in every path, so it selects all mounts.
     const QString key = forceSd || mountKey.isNull() ? sdMount : mountKey;
     for (const QFileInfo &mount : mountsUnder(mediaRoot)) {
         if (!mount.absoluteFilePath().contains(key))

@@ -1,5 +1,5 @@
-// Where the update application finds its images on removable media: two searches over the folders
-// that are mounted under one root. Only folders are read; no file is opened.
+// Finds the images of the update application on removable media: two searches in the folders that
+// are mounted under one root. Only folders are read; no file is opened.
 #pragma once
 
 #include "debug.h"
@@ -18,20 +18,21 @@ struct Image {
 /// The image of an McuManager::UpdateFile value; null texts for an unknown one.
 Image imageOf(int updateFile);
 
-// Kept: the two searches differ in the mounts and in how they take the folder; update applications
-// use both. Both return an absolute path or an empty text. Mounts and entries come by name,
-// ignoring case. An unreadable folder counts as empty. With "ROOT" the name must match exactly; it
-// may lead through folders, but not out of the mount.
+// Kept: the two searches differ in the mounts and in the meaning of the folder; update applications
+// use both. Both return an absolute path or an empty text. Mounts and entries are searched in the
+// order of their names, ignoring case. An unreadable folder counts as empty. With "ROOT" the name
+// must match exactly; it may lead through folders, but not out of the mount.
 
-/// Looks on the first mount with "/sd" in its path and on no other. The folder is the one called
-/// "update", in any case, whatever `folder` says; the file matches in any case. Log lines name the
-/// caller.
+/// Searches only the first mount with "/sd" in its path. The folder is always "update", whatever
+/// `folder` says; folder and file match in any case. An empty `folder` also takes files at the top
+/// level. Log lines have the call site of the caller.
 QString findOnFirstMount(const QString &mediaRoot, const QString &folder, const QString &name,
                          const CallSite &caller);
 
-/// Looks on every mount with the key in its path: `mountKey`, or "/sd" for a null one and when
-/// `forceSd` is set. The folder is any whose path contains `folder` exactly; the file matches in
-/// any case. With "ROOT" only the first such mount that is not empty counts.
+/// Searches every mount with the key in its path. The key is `mountKey`, or "/sd" if `mountKey` is
+/// null or `forceSd` is set. A folder matches if its path contains `folder` exactly; the file
+/// matches in any case. An empty `folder` also takes files at the top level. With "ROOT", searches
+/// only the first of these mounts that is not empty.
 QString findOnAllMounts(const QString &mediaRoot, const QString &folder, const QString &name,
                         const QString &mountKey, bool forceSd);
 

@@ -1,4 +1,4 @@
-// Tuner commands to the link and tuner notifications from it, each passed straight through.
+// Tuner commands to the link and tuner notifications from it, passed on without change.
 #include "mcuradiointerface.h"
 
 #include "callon_p.h"
@@ -35,13 +35,13 @@ void McuRadioInterface::serviceConnectedSignals()
     connect(m_link, SIGNAL(tunerStereoSgl(int)), SLOT(onTunerStereoNotify(int)));
     connect(m_link, SIGNAL(tunerTPStateSgl(int)), SLOT(onTunerTPStateNotify(int)));
     connect(m_link, SIGNAL(tunerAsStationChangedSgl(int)), SLOT(onAsStationChanged(int)));
-    // A blank in a signature costs Qt a second search.
+    // Without blanks in the signatures a connection takes the fast path of Qt.
     // clang-format off
     connect(m_link, SIGNAL(tunerASStationFoundSgl(int,int)), SLOT(onAsStationFound(int,int)));
     // clang-format on
 }
 
-// Commands out
+// Commands
 
 void McuRadioInterface::tune(int freq)
 {
@@ -56,12 +56,13 @@ void McuRadioInterface::mute(bool val)
     if (m_link)
         m_link->mute(val);
     else
-        MCU_CRITICAL << "mcu_radio_tune: no radio interface."; // Kept: log filters know both so
+        MCU_CRITICAL << "mcu_radio_tune: no radio interface."; // Kept: the text of tune(); log
+                                                               // filters match it
 }
 
 void McuRadioInterface::setRdsOnOff(bool state)
 {
-    MCU_DEBUG << "=============="; // Kept: log filters know the text
+    MCU_DEBUG << "=============="; // Kept: log filters match the text
     callOn(m_link, &McuSrv::setRdsOnOff, state);
 }
 
@@ -95,7 +96,7 @@ void McuRadioInterface::setCtOnOff(bool onoff) { callOn(m_link, &McuSrv::setCtOn
 
 void McuRadioInterface::set_tuner_step(int step) { callOn(m_link, &McuSrv::set_tuner_step, step); }
 
-// Notifications in
+// Notifications
 
 void McuRadioInterface::onPsNameNotify(QString text)
 {
@@ -146,13 +147,13 @@ void McuRadioInterface::onAsStationChanged(int freq) { Q_EMIT stationChanged(fre
 void McuRadioInterface::onAsStationFound(int freq, int smeter)
 {
     MCU_DEBUG << freq << smeter;
-    // Kept: the signal names its parameters the other way round; receivers go by position.
+    // Kept: the parameter names of the signal are swapped; applications rely on the position.
     Q_EMIT asStationFound(freq, smeter);
 }
 
 void McuRadioInterface::onTunerStateChanged(int state)
 {
-    MCU_DEBUG << "1111111111111111111111111111111" << state; // Kept: log filters know the text
+    MCU_DEBUG << "1111111111111111111111111111111" << state; // Kept: log filters match the text
     Q_EMIT tunerStateChanged(state);
 }
 

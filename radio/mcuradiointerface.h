@@ -80,7 +80,7 @@ public Q_SLOTS:
     /// Mutes (true) or unmutes the tuner. Without a link, logs an error. Kept: the error has the
     /// text of tune(); log filters match both by it.
     void mute(bool val);
-    /// RDS on or off.
+    /// RDS on or off. Logs "==============" with and without a link.
     void setRdsOnOff(bool state);
     /// Seeks the next station forward.
     void seekForward();

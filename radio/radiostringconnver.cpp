@@ -1,4 +1,4 @@
-// The table of the broadcast character set and the conversion, a single pass over the bytes.
+// The table of the broadcast character set and the conversion in one pass over the bytes.
 #include "radiostringconnver.h"
 
 // clang-format off

@@ -1,9 +1,9 @@
-// Commands out: what applications tell the MCU. A command is one line that hands its arguments to
-// the link; those with a rule of their own have a body.
+// Commands from applications to the MCU. Most are one line that passes the arguments to the link;
+// commands with special behaviour have a body.
 //
-// Kept: setMixChannel(), setSleepMode() and setSerialNumer() do not test the link. The amplifier,
-// the sleep and the identity of the unit depend on them, so calling one before init() is a
-// programming error that must show.
+// Kept: setMixChannel(), setSleepMode() and setSerialNumer() have no null check. The amplifier, the
+// sleep and the identity of the unit depend on them, so a call before init() is a programming error
+// that must be noticed.
 #include "mcuservice.h"
 
 #include "callon_p.h"
@@ -24,7 +24,7 @@ void McuService::volumeMinus() { callOn(m_link, &McuSrv::volumeMinus); }
 
 void McuService::SetVolume(int level) { callOn(m_link, &McuSrv::SetVolume, level); }
 
-// Kept: the three mute commands log twice, when asked and when sent; log filters pair the lines.
+// Kept: the three mute commands log twice, when called and when sent; log filters pair the lines.
 
 void McuService::setMute(bool mute, int type)
 {
@@ -55,7 +55,8 @@ void McuService::setAudioMute2(int mute, int type, int flag)
 
 void McuService::setMuteLevel(int level)
 {
-    // Kept: one level for the process, whichever object applications call; a first 255 is not sent.
+    // Kept: one last level in the process, for all objects that applications use; 255 counts as
+    // sent at start.
     static int lastSent = 0xff;
     if (level == lastSent || !m_link)
         return;
@@ -123,7 +124,8 @@ void McuService::setAudioTimerDelay(int type, int *delays)
     m_link->setAudioTimerDelay(type, delays[0], delays[1], delays[2], delays[3], delays[4]);
 }
 
-// Kept: the capital B here, the small one on the link; both names are given.
+// Kept: the B is a capital letter here and a small one on the link; applications and link have
+// these names.
 void McuService::set_UICMD_AUDIO_PlayBack_Comleted(int value)
 {
     callOn(m_link, &McuSrv::set_UICMD_AUDIO_Playback_Comleted, value);
@@ -134,7 +136,7 @@ void McuService::setNativeMusicMode(int mode)
     callOn(m_link, &McuSrv::set_UICMD_Native_Music_Mode, mode);
 }
 
-// Kept: applications use either name.
+// Kept: a second name; applications use both.
 void McuService::set_UICMD_Native_Music_Mode(int mode) { setNativeMusicMode(mode); }
 
 void McuService::set_UICMD_Sleep_All_Mute(int on)
@@ -166,7 +168,7 @@ void McuService::setCustomEQValue(int band, int level)
 
 void McuService::setBalanceFader(int balance, int fader)
 {
-    // Kept: the MCU counts both from 0. Added without overflow for any value.
+    // Kept: the MCU counts both from 0. The sum does not overflow for any value.
     constexpr unsigned middle = 25;
     callOn(m_link, &McuSrv::setBalanceFader, int(unsigned(balance) + middle),
            int(unsigned(fader) + middle));
@@ -192,7 +194,7 @@ void McuService::setHPFValue(int position, int freq, int slope)
 
 void McuService::setLPFValue(int freq, int slope)
 {
-    MCU_DEBUG << "====" << freq << slope; // Kept: log filters know the text
+    MCU_DEBUG << "====" << freq << slope; // Kept: log filters match the text
     callOn(m_link, &McuSrv::setLPFValue, freq, slope);
 }
 
@@ -227,7 +229,7 @@ void McuService::triggerBeep(int)
 {
     if (m_beepGuard.isActive())
         return;
-    // Kept: always 0, whatever the type; the MCU knows one beep.
+    // Kept: always 0; applications pass types, but the MCU has one beep.
     callOn(m_link, &McuSrv::triggerBeep, 0);
     if (m_beepGuard.interval() > 0)
         m_beepGuard.start();
@@ -279,7 +281,7 @@ void McuService::steeringWheelStudyKey(int key)
 
 void McuService::steeringWheelDopState(bool on) { callOn(m_link, &McuSrv::setWheelDopState, on); }
 
-// Kept: the link spells these two with the letters the other way round.
+// Kept: the link has another spelling of these two, which it exports.
 
 void McuService::steeringWheeldopReset() { callOn(m_link, &McuSrv::steeringWheedoplReset); }
 

@@ -1,5 +1,5 @@
-// Status that travels between the MCU, the DAB tuner, the antennas, the factory test and the
-// applications.
+// Status of the DAB tuner, the antennas and the factory test: reports of the MCU and notifications
+// of other components.
 #include "mcuservice.h"
 
 #include "debug.h"
@@ -17,7 +17,7 @@ constexpr quint8 antennaAbnormal = 2;
 
 } // namespace
 
-// DAB: broadcast to applications, nothing is kept
+// DAB: emitted for applications, not stored
 
 void McuService::notifyDabAntStatus(int status)
 {
@@ -55,7 +55,7 @@ void McuService::onDabWorkStatus(int status)
 {
     McuRadioInterface::instance()->onTunerStateChanged(status);
     m_data->tunerWorkStatus = status;
-    // Kept: 0 gives the pair 0 then 1, and listeners take the last value.
+    // Kept: for 0, emits 0 and then 1; applications take the last value.
     if (status == 0)
         Q_EMIT radioStatusChanged(0);
     Q_EMIT radioStatusChanged(1);
@@ -63,7 +63,7 @@ void McuService::onDabWorkStatus(int status)
 
 bool McuService::radioIsIdle()
 {
-    // Kept: true while the tuner works, whatever the name says; callers know it so.
+    // Kept: despite the name, true while the tuner works; applications rely on the value.
     return m_data->tunerWorkStatus != 0;
 }
 
@@ -112,7 +112,7 @@ void McuService::onAutoTestPkgChanged(QByteArray pkg)
 
 void McuService::notifyAutoTestPackage(int len, char *data)
 {
-    onAutoTestPkgChanged(len > 0 ? QByteArray(data, len) : QByteArray());
+    onAutoTestPkgChanged(QByteArray(data, qMax(len, 0)));
 }
 
 QByteArray McuService::autoTestPackage() const { return m_data->autoTestPackage; }

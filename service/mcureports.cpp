@@ -1,5 +1,5 @@
-// Vehicle reports in: each slot stores its record, hands on what others need of it and publishes
-// it. The HU and vehicle fault reports are rate-limited by the CAN check timer.
+// Car reports. Each slot stores and publishes its record; some also pass values to the
+// surround-view bridge. The CAN check timer limits the rate of HU and vehicle fault reports.
 #include "mcuservice.h"
 
 #include "callon_p.h"
@@ -14,10 +14,10 @@ namespace mcu {
 
 namespace {
 
-/// What the MCU sends while it does not know the steering angle.
+/// The value that the MCU sends for an invalid steering angle.
 constexpr int invalidSteeringAngle = 0xffff;
 
-// Either set, complete, makes CAN data ready.
+// CAN data is ready when one of the two sets is complete.
 constexpr quint32 allCarReports = 0x7f;
 constexpr quint32 allTruckReports = 0x1fff;
 
@@ -38,8 +38,8 @@ void McuService::onReportAcChanged(int KeyState, int AcType, int Templevel, int 
 void McuService::onReportAVMChanged(int WorkModeFeedback, int ViewSideFeedback, int WorkState,
                                     int SpeedSetResp, int VideoType, int WarnType)
 {
-    // The view at work (bit 0) means reverse is on (2), otherwise it is off (1). A view that
-    // warning kind 4 has opened says nothing of the gear.
+    // An active view (bit 0) means that reverse is on (2), otherwise it is off (1). A view that
+    // warning type 4 has opened does not depend on the gear.
     if ((WorkState & 1) == 0)
         Q_EMIT reverseChanged(1);
     else if (WarnType != 4)
@@ -75,7 +75,7 @@ void McuService::onReportFeatureCodeChanged(int code0, int code1, int code2, int
 void McuService::onReportFeatureVelroCodeChanged(QByteArray pkg)
 {
     m_data->featureCodePackage = pkg;
-    // Kept: log filters know the line by this text.
+    // Kept: log filters match this text.
     MCU_DEBUG << "TTTTTTTTT111111111---------------------------";
     Q_EMIT syncFeatureCodeInforUpdate(m_data->featureCodePackage);
 }
@@ -105,7 +105,7 @@ void McuService::onReportPdcChanged(int FFLPDCDistance, int FSLPDCDistance, int 
     m_data->publish<record::pdc>(CALL_SITE, FFLPDCDistance, FSLPDCDistance, FSRPDCDistance,
                                  FFRPDCDistance, RFLPDCDistance, RSLPDCDistance, RSRPDCDistance,
                                  RFRPDCDistance, PAS_SW, PDCSysSts, ReverseAssisVideo);
-    // The bridge converts the whole values, not the bytes of the record.
+    // The bridge gets the reported values, not the bytes of the record.
     int front[]{FFLPDCDistance, FSLPDCDistance, FSRPDCDistance, FFRPDCDistance};
     int rear[]{RFLPDCDistance, RSLPDCDistance, RSRPDCDistance, RFRPDCDistance};
     McuVechicleBridge::instance()->notifyRadarUpdate(front, rear, PAS_SW, PDCSysSts,
@@ -175,7 +175,7 @@ void McuService::onSetAmpEdition(QString sw_edition, QString hw_edition)
     m_data->ampHwEdition = hw_edition;
 }
 
-// Kept: the lower-case s, connections name the slot so.
+// Kept: the lower-case s; connections use this name of the slot.
 void McuService::onsetEcuEdition(QString sw_edition, QString hw_edition)
 {
     m_data->ecuSwEdition = sw_edition;
@@ -202,10 +202,10 @@ int McuServicePrivate::checkCmdUpdateToApp(int cmd)
     const Hold &hold = isFault ? record::vehicleFault.hold : record::hu.hold;
     qint8 &delay = isFault ? vehicleFaultDelay : huDelay;
     const bool held = delay > 0;
-    if (held)
-        MCU_DEBUG << cmd;
     if (!held || hold.restarts)
         delay = hold.ticks;
+    if (held)
+        MCU_DEBUG << cmd;
     return held;
 }
 
@@ -213,7 +213,7 @@ void McuService::onCheckCanbusTmrDelay()
 {
     const auto expires = [](qint8 &delay) { return delay != 0 && --delay == 0; };
 
-    // Kept: nothing sets the AC counter; it waits for a climate rate limit of the MCU.
+    // Kept: the AC counter is never set; it is for a rate limit of climate reports.
     if (expires(m_data->acDelay)) {
         MCU_DEBUG << "syncACInforUpdate";
         Q_EMIT syncACInforUpdate(m_data->image<record::ac>());
@@ -231,8 +231,8 @@ void McuService::onCheckCanbusTmrDelay()
 
 QByteArray McuService::getReportAVMDate()
 {
-    // Kept: log filters follow the working state by this line.
-    constexpr std::size_t workState = 2; // its place among the fields
+    // Kept: log filters read the work state from this line.
+    constexpr std::size_t workState = 2; // number of the field
     MCU_DEBUG << "\n " << m_data->records.of<record::avm>().value<workState>();
     return m_data->image<record::avm>();
 }

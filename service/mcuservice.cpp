@@ -1,5 +1,5 @@
-// Life cycle of the facade and its wiring to the link: which link signal reaches which facade
-// signal (a relay) or slot (stored first).
+// Life cycle of the facade and its connections to the link: which link signal is connected to which
+// signal of the facade (a relay) or slot (which stores it first).
 #include "mcuservice.h"
 
 #include "debug.h"
@@ -17,7 +17,7 @@ namespace mcu {
 namespace {
 
 /// A connection from a signal of the link to a method of the facade with the same arguments: a
-/// signal, which relays it, or a slot. No target is overloaded.
+/// signal (a relay) or a slot. No target is overloaded.
 struct Wire {
     const char *linkSignal;
     const char *target;
@@ -93,11 +93,12 @@ constexpr Wire wiring[]{
     {"dabAntennaChanged", "onDabAntennaChanged"},
 };
 
-// How SIGNAL() and SLOT() mark a method.
+// The characters that SIGNAL() and SLOT() put before a method.
 constexpr char signalCode = '0' + QSIGNAL_CODE;
 constexpr char slotCode = '0' + QSLOT_CODE;
 
-/// The parameter types of a method, "(int,int)". Without blanks a connection takes Qt's fast path.
+/// The parameter types of a method, "(int,int)". QMetaMethod::methodSignature() has them too, but
+/// would add an eighth to the cost of init().
 QByteArray argumentList(const QMetaMethod &method)
 {
     QByteArray list;
@@ -130,7 +131,7 @@ McuService::~McuService() = default;
 
 bool McuService::init()
 {
-    // Kept: log filters know this line by a signature without the result.
+    // Kept: log filters match this line by a signature with the result type void.
     if (isDebugLogged())
         debugLine({__FILE__, __LINE__, "void mcu::McuService::init()"});
     return connectService();

@@ -21,15 +21,16 @@ class McuSrv;
 
 /// The facade through which all applications reach the vehicle MCU.
 ///
-/// The host application calls init() once. From then on each report of the MCU link is stored once
-/// and emitted as a signal. A getter called inside a signal returns the new value, unless the
-/// signal says otherwise. Reports are not compared with earlier ones: an identical report is
-/// emitted again, unless the signal says otherwise.
+/// The host application calls init() once. From then on the reports of the MCU link are emitted as
+/// signals. What a getter returns is stored before its signal: a getter called inside the signal
+/// returns the new value, unless the signal says otherwise. Reports are not compared with earlier
+/// ones: an identical report is emitted again, unless the signal says otherwise.
 ///
 /// Values are codes, levels and units of the MCU. They pass through unchanged, and no argument is
-/// range-checked. A value that a comment does not explain is such a code; an abbreviation without
-/// an explanation (DOP, DSP, SNID) is the MCU's. Before the first report and without a link,
-/// getters return 0, false or an empty text, unless their comment says otherwise.
+/// range-checked, unless a comment says otherwise. A value that a comment does not explain is such
+/// a code; an abbreviation without an explanation (DOP, DSP, SNID) is the MCU's. Before the first
+/// report and without a link, getters return 0, false or an empty text, unless their comment says
+/// otherwise.
 ///
 /// A command sets the value that its comment names. Commands are one-way: a result, if any, is
 /// reported by a signal. Without a link they do nothing and are not stored for later, unless their
@@ -37,7 +38,7 @@ class McuSrv;
 ///
 /// The object belongs to the thread that first calls instance(). Call all operations from this
 /// thread; its event loop must run. Signals that the link emits in another thread are queued to it.
-/// Nothing throws, nothing blocks.
+/// Nothing throws, and nothing waits: a command takes as long as the link's.
 ///
 /// Kept: some names are misspelled and few getters are const, because applications are linked
 /// against these names.
@@ -56,8 +57,8 @@ public:
     ~McuService() override;
     /// Connects the facade to the MCU link; see connectService(). Always true.
     /// Call it once, after the application object exists (its event loop drives the CAN check
-    /// timer) and before relying on any signal. A second call makes every connection again, so each
-    /// report would arrive twice.
+    /// timer) and before relying on any signal. A second call makes every connection again: each
+    /// report then arrives twice, and the rate limits run at double speed.
     bool init();
     /// Takes McuSrv::instance() as the link, calls its init(), passes it to
     /// McuRadioInterface::setMcuSrv(), connects its signals and starts the 50 ms CAN check timer.
@@ -107,12 +108,12 @@ public:
     bool isReverseFromMcuSrv() const;
     /// Whether the MCU reports mute on, queried from the link.
     bool isMuteFromMcuSrv() const;
-    /// Parking lamp of the last tail-line report: 2 is on, all else off.
+    /// Parking lamp of the last tail-line report: 2 is on, any other value is off.
     int parkingState();
-    /// Reverse gear of the last tail-line report: 2 is on, all else off. The reverse gear of an AVM
-    /// report is not stored here; see reverseChanged().
+    /// Reverse gear of the last tail-line report: 2 is on, any other value is off. The reverse gear
+    /// of an AVM report is not stored here; see reverseChanged().
     int reverseState();
-    /// Headlight of the last tail-line report: 2 is on, all else off. Also set by
+    /// Headlight of the last tail-line report: 2 is on, any other value is off. Also set by
     /// setDayNightModeFromAutoTst().
     int headlightState();
     /// Mute line of the last tail-line report, a code of the MCU.
@@ -203,9 +204,9 @@ public:
     void notifyAutoTestPackage(int len, char *data);
     /// Package stored last; empty before.
     QByteArray autoTestPackage() const;
-    /// Stores a changed status and emits autoTestStatusChanged(); an unchanged one does nothing.
-    /// Before that, a status other than 0 starts AutoTestHandler and connects the keys to it; 0
-    /// stops it and disconnects keyEvent().
+    /// Stores a changed status. A status other than 0 then starts AutoTestHandler and connects the
+    /// keys to it; 0 stops it and disconnects keyEvent(). Emits autoTestStatusChanged() last. An
+    /// unchanged status is only logged.
     /// Kept: the platform's panel keys stay connected after the mode ends, and each change to a
     /// status other than 0 connects the keys once more; test stations know the repeated key
     /// reports.
@@ -408,7 +409,7 @@ public:
     /// types, the MCU has one beep.
     void triggerBeep(int type);
     /// Shortest time between two beeps in milliseconds; needs no link. 0 and less change nothing.
-    /// At start there is no interval: every call beeps.
+    /// At start there is no interval: every call beeps. A running interval starts anew.
     void setBeepInterval(int ms);
     /// Key tone on or off.
     void toggleKeyTone(int on);
@@ -634,7 +635,7 @@ Q_SIGNALS:
     void audioVolumeChanged(bool isMute, int level, int type);
     /// A volume report: mute state, level and type of sound, all codes of the MCU.
     void audioVolumeChanged(int muteState, int level, int type);
-    /// A key report: state 0 is pressed, all else released. Keys are not stored.
+    /// A key report: state 0 is pressed, any other released. Keys are not stored.
     void keyEvent(int key, int state);
     /// The volume knob was turned.
     void volumeTurn(int state);

@@ -1,5 +1,5 @@
-// The private block of the facade: everything it remembers between a report and a getter. No field
-// is locked; all of them belong to the facade's thread.
+// The private block of the facade: the state that getters return. Its fields have no lock; only the
+// facade's thread uses them.
 #pragma once
 
 #include "debug.h"
@@ -47,23 +47,24 @@ public:
     SetupInfo setupInfo;
     SetupInfo1 setupInfo1;
 
-    // Vehicle reports: the last of each, and which have been emitted.
+    // Vehicle reports: the last of each, and the set of those that have been emitted.
     VehicleRecords records;
     quint32 carReadiness = 0;
     quint32 truckReadiness = 0;
     bool canDataReady = false;
     QByteArray featureCodePackage;
 
-    // Ticks of the CAN check timer until a held-back report is emitted again.
+    // Ticks of the CAN check timer until the hold of a report ends; 0 without a hold.
     qint8 acDelay = 0;
     qint8 vehicleFaultDelay = 0;
     qint8 huDelay = 0;
     QTimer canCheckTimer;
 
-    /// Whether a rate-limited report must be held back (1) or may be emitted now (0); starts its
-    /// hold period. Commands that are not rate-limited give 0.
+    /// Whether a rate-limited report must be held back (1) or may be emitted now (0). Starts a hold
+    /// if there is none, and restarts it if the hold is one that restarts. Returns 0 for a command
+    /// without a rate limit.
     int checkCmdUpdateToApp(int cmd);
-    /// A copy of the record last stored.
+    /// A copy of the last stored record.
     template <const RecordDescription &Description>
     QByteArray image()
     {
@@ -75,7 +76,19 @@ public:
     void publish(const CallSite &slot, Values... values);
 
 private:
-    /// Notes that a report has been emitted; the one that completes a set tells applications.
+    /// The same, and the dump line of it. One copy for both: a message handler may report again.
+    template <const RecordDescription &Description>
+    QByteArray loggedImage(const CallSite &slot)
+    {
+        QByteArray bytes = image<Description>();
+        if constexpr (Description.dumpTag != nullptr) {
+            if (isDebugLogged())
+                debugLine(slot) << Description.dumpTag << bytes.toHex();
+        }
+        return bytes;
+    }
+    /// Stores that a report has been emitted. Emits CANDataReady() for the report that completes
+    /// the first set.
     void markReady(const Readiness &readiness);
 };
 
@@ -87,12 +100,8 @@ void McuServicePrivate::publish(const CallSite &slot, Values... values)
         if (checkCmdUpdateToApp(Description.hold.command))
             return;
     }
-    if constexpr (Description.dumpTag != nullptr) {
-        if (isDebugLogged())
-            debugLine(slot) << Description.dumpTag << image<Description>().toHex();
-    }
-    McuService *service = owner; // GCC 12's sanitizer leaves a member unread in this kind of call
-    Q_EMIT(service->*Description.signal)(image<Description>());
+    McuService *service = owner; // with a sanitizer GCC 12 does not read a member here
+    Q_EMIT(service->*Description.signal)(loggedImage<Description>(slot));
     if constexpr (Description.readiness.set != Readiness::Set::None)
         markReady(Description.readiness);
 }

@@ -1,5 +1,5 @@
-// System state: reports come in, are kept in the private block and leave as signals; queries answer
-// from what is kept, a few by asking the link.
+// System state. Reports are stored in the private block and emitted as signals. Getters return the
+// stored values; a few query the link.
 #include "mcuservice.h"
 
 #include "callon_p.h"
@@ -16,10 +16,10 @@ namespace mcu {
 
 namespace {
 
-/// Parking, reverse and headlight are on at this tail-line value.
+/// The tail-line value of parking, reverse and headlight that means on.
 constexpr int tailLineOn = 2;
 
-/// Stores a tail-line value and tells of it when it differs from the one kept.
+/// Stores a tail-line value and emits its signal if it differs from the stored one.
 void updateTailLine(McuService *service, int &kept, int value, void (McuService::*changed)(int))
 {
     if (kept == value)
@@ -30,13 +30,13 @@ void updateTailLine(McuService *service, int &kept, int value, void (McuService:
 
 } // namespace
 
-// Reports in
+// Reports
 
 void McuService::onKeyEvent(int key, int state)
 {
     if (m_data->usbOverCurrent)
         Q_EMIT hideUsbOverPower();
-    MCU_DEBUG << "--------------------------------------" << key; // Kept: log filters know the text
+    MCU_DEBUG << "--------------------------------------" << key; // Kept: log filters match it
     Q_EMIT keyEvent(key, state);
     if (state != 0)
         Q_EMIT keyReleased(key);
@@ -56,15 +56,15 @@ void McuService::onAudioVolume(int muteState, int level, int type)
     notifyAttState(muteState);
     if (m_data->usbOverCurrent)
         Q_EMIT hideUsbOverPower();
-    // Kept: both forms, applications connect to either.
+    // Kept: two forms of the signal; applications connect to both.
     Q_EMIT audioVolumeChanged(muteState, level, type);
     Q_EMIT audioVolumeChanged(muteState == 1, level, type);
 }
 
 void McuService::onUsbPowerStatus(int status)
 {
-    // Kept: set whatever the status and never cleared. Any report of this kind means that the
-    // warning shows, and the screens count on every later user action to close it.
+    // Kept: set for every status and never cleared. Each of these reports means that the warning is
+    // shown, and user interfaces rely on every later user action to close it.
     m_data->usbOverCurrent = true;
     Q_EMIT usbPowerStatus(status);
 }
@@ -176,7 +176,7 @@ void McuService::onStwAdcValueChanged(int value)
     Q_EMIT stwAdcValueChanged(value);
 }
 
-// Kept: the MCU sends the report, but the car type travels only towards it.
+// Kept: does nothing; the link reports the car type, but the facade only sends it.
 void McuService::onStwCarTypeChanged(int) {}
 
 // Queries and small setters
@@ -185,7 +185,7 @@ bool McuService::isUsbOverCurrent() { return m_data->usbOverCurrent; }
 
 QString McuService::snIdName() { return m_data->snIdName; }
 
-// Kept: applications ask, nothing reports it.
+// Kept: always 0; no report has it, but applications call this.
 int McuService::snIdChecksum() { return m_data->snIdChecksum; }
 
 bool McuService::getNeedSyncTimeState() { return m_data->needSyncTime; }
@@ -228,7 +228,7 @@ bool McuService::isReverseFromMcuSrv() const { return callOn(m_link, &McuSrv::is
 
 bool McuService::isMuteFromMcuSrv() const { return callOn(m_link, &McuSrv::isMuteOn); }
 
-// Kept: applications ask whether there is a satellite radio; there is one in every unit.
+// Kept: always 1; every unit has a satellite radio, but applications call this.
 int McuService::sxmExist() { return 1; }
 
 int McuService::getDest() { return m_data->destCode; }

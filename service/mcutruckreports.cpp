@@ -1,5 +1,5 @@
-// Truck reports in: each slot stores its record and publishes it. None is rate-limited, none goes
-// to the surround-view bridge.
+// Truck reports. Each slot stores and publishes its record. None is rate-limited, and
+// none is passed to the surround-view bridge.
 #include "mcuservice.h"
 
 #include "mcuservice_p.h"

@@ -1,4 +1,4 @@
-// Reads vehicle records for whoever shows them to people: the simulator and the tables of
+// Vehicle records by name, with their fields and values: for the simulator and for the tables of
 // docs/vehicle-records.md.
 #pragma once
 
@@ -13,13 +13,13 @@ namespace mcu {
 
 inline constexpr auto &recordCatalog = VehicleRecords::descriptions;
 
-/// The name of the facade's signal that carries the record.
+/// The name of the facade's signal with the record.
 inline QByteArray signalName(const RecordDescription &description)
 {
     return QMetaMethod::fromSignal(description.signal).name();
 }
 
-/// The kind of report that a signal of the facade carries, by the signal's name; null for none.
+/// The kind of report that a signal of the facade, given by its name, emits; null for none.
 inline const RecordDescription *describeRecord(const QByteArray &signal)
 {
     static const auto bySignal = [] {
@@ -36,8 +36,8 @@ struct FieldValue {
     int value;
 };
 
-/// The fields of an image by name; none when it has not the length of the record, as the extended
-/// feature code package.
+/// The fields of an image with their values; none if its length is not that of the record, as for
+/// the extended feature code package.
 inline std::vector<FieldValue> fieldValues(const RecordDescription &description,
                                            const QByteArray &image)
 {

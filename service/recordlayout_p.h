@@ -1,5 +1,5 @@
-// The byte image of one vehicle report. A description says all there is to know of a kind of
-// report; the layout it gives is known when the library is compiled.
+// The byte image of one vehicle report. A description has all properties of a kind of report; the
+// layout is computed from it at compile time.
 #pragma once
 
 #include <QByteArray>
@@ -22,7 +22,8 @@ struct Field {
 
     constexpr bool isGap() const { return name == nullptr; }
 
-    /// The value whose bytes start here: 8- and 16-bit fields are unsigned, 32-bit ones signed.
+    /// The value of the bytes from `at` on: 8- and 16-bit fields are unsigned, 32-bit fields
+    /// signed.
     int read(const char *at) const
     {
         quint32 value = 0;
@@ -40,27 +41,27 @@ struct Readiness {
     quint32 bit = 0;
 };
 
-/// How long reports are held back once one has been emitted.
+/// How long reports are held back after one has been emitted.
 struct Hold {
-    int command = 0;       ///< what checkCmdUpdateToApp() knows the report by; 0 is never held
-    qint8 ticks = 0;       ///< of the CAN check timer
-    bool restarts = false; ///< each report, held back or not, restarts the period
+    int command = 0;       ///< code of the report for checkCmdUpdateToApp(); 0 is never held back
+    qint8 ticks = 0;       ///< length in ticks of the CAN check timer
+    bool restarts = false; ///< whether each report during the hold restarts it
 };
 
-/// One kind of vehicle report and what becomes of it.
+/// One kind of vehicle report: its names, its layout and how it is published.
 struct RecordDescription {
     static constexpr std::size_t maximumFields = 18;
 
     const char *title;
     const char *linkSignal;
     void (McuService::*signal)(QByteArray image);
-    const char *getter;          ///< the facade's, for the record; null for none
-    const char *dumpTag;         ///< of the log line; null for none
-    Field fields[maximumFields]; ///< in argument order; what is left over is 0 bytes wide
+    const char *getter;          ///< getter of the facade for the record; null for none
+    const char *dumpTag;         ///< tag of the log line; null for none
+    Field fields[maximumFields]; ///< in argument order; unused ones are 0 bytes wide
     Readiness readiness = {};
     Hold hold = {};
 
-    /// Bytes of the image.
+    /// Number of bytes of the image.
     constexpr std::size_t size() const
     {
         std::size_t sum = 0;
@@ -69,7 +70,7 @@ struct RecordDescription {
         return sum;
     }
 
-    /// Fields that take a value.
+    /// Number of fields without the gaps.
     constexpr std::size_t valueCount() const
     {
         std::size_t count = 0;
@@ -79,12 +80,12 @@ struct RecordDescription {
     }
 };
 
-/// The image of the last report of a kind, all zeros until the first store(). Host byte order and
-/// padding play no part in it.
+/// The image of the last report of a kind, all zeros until the first store(). It does not depend on
+/// byte order and padding of the machine.
 template <const RecordDescription &Description>
 class Record {
 public:
-    /// Stores one value for each field, in order; each keeps the bits its field has room for.
+    /// Stores one value per field, in order; a field keeps the low bits of its value.
     template <typename... Values>
     void store(Values... values)
     {
@@ -93,7 +94,7 @@ public:
         storeInOrder(std::index_sequence_for<Values...>(), values...);
     }
 
-    /// The stored value with this number, gaps not counted.
+    /// The stored value of the field with this number; gaps are not counted.
     template <std::size_t Number>
     int value() const
     {
@@ -130,7 +131,7 @@ private:
         constexpr Place place = placeOf(Number);
         constexpr std::size_t width = Description.fields[place.index].width;
         char *at = m_bytes.data() + place.offset;
-        // Whole stores: a loop over the bytes costs the wide fields twice the instructions.
+        // One store per field: for wide fields a loop over the bytes takes twice the instructions.
         if constexpr (width == sizeof(quint32))
             qToLittleEndian(value, at);
         else if constexpr (width == sizeof(quint16))
@@ -142,7 +143,7 @@ private:
     std::array<char, Description.size()> m_bytes{};
 };
 
-/// The last report of each of these kinds.
+/// The last records of these kinds.
 template <const RecordDescription &...Descriptions>
 class RecordSet : Record<Descriptions>... {
 public:

@@ -1,4 +1,4 @@
-// All vehicle reports as tables: signals, getter, dump tag, readiness bit and hold of each, and its
+// All vehicle records as tables: signals, getter, dump tag, readiness bit and hold of each, and its
 // fields in argument order with their widths and the gap bytes between them.
 #pragma once
 
@@ -7,7 +7,7 @@
 
 namespace mcu::record {
 
-/// Fields of 8, 16 and 32 bits; a narrow one keeps the low bits of its value.
+/// Fields of 8, 16 and 32 bits; narrow fields keep the low bits of their value.
 constexpr Field byte(const char *name) { return {name, 1}; }
 
 constexpr Field le16(const char *name) { return {name, 2}; }
@@ -82,7 +82,7 @@ inline constexpr RecordDescription hu{
      byte("HU_Date5"), byte("HU_Date6"), byte("HU_Date7"), byte("HU_Date8"), byte("HU_Date9"),
      byte("HU_Date10"), byte("HU_Date11")},
     carBit(2),
-    Hold{2, 4, false}, // Kept: unlike a fault, a report does not extend a running period
+    Hold{2, 4, false}, // Kept: unlike fault reports, these do not restart the hold
 };
 
 inline constexpr RecordDescription amb{
@@ -151,7 +151,7 @@ inline constexpr RecordDescription vehicleFault{
     {byte("data0"), byte("data1"), byte("data2"), byte("data3"), byte("data4"), byte("data5"),
      byte("data6"), byte("data7")},
     carBit(32),
-    Hold{1, 6, true}, // a stream of faults is emitted at its end
+    Hold{1, 6, true}, // a continuous stream of faults is emitted at its end
 };
 
 inline constexpr RecordDescription ampStatus{
@@ -238,7 +238,7 @@ inline constexpr RecordDescription truckSecurity{
     truckBit(0x40),
 };
 
-// Kept: the dump tag leaves out "health"; log filters know it so.
+// Kept: the dump tag has no "health"; log filters match it.
 inline constexpr RecordDescription truckVehicleHealth{
     "Truck: vehicle health",
     "reportTruckVehicleHealthChangedSgl",
@@ -343,7 +343,7 @@ inline constexpr RecordDescription truckVehicleAlerts{
     truckBit(0x1000),
 };
 
-// Distances and hours are 24 bits, a low word and a high byte.
+// Distances and hours have 24 bits: a low word and a high byte.
 inline constexpr RecordDescription truckPerformanceParameters{
     "Truck: trip computer",
     "reportTruckPerformanceParametersChangedSgl",
@@ -378,7 +378,7 @@ inline constexpr RecordDescription truckVehicleParameters{
 
 namespace mcu {
 
-/// All of them: the records that the facade keeps, and what tools and pages show.
+/// All kinds of records: the facade stores them, tools and pages show them.
 using VehicleRecords = RecordSet<
     record::ac, record::avm, record::vehicleSpeed, record::steeringAngle, record::featureCode,
     record::hu, record::amb, record::pdc, record::tpms, record::vehicleBody, record::meterSetting,

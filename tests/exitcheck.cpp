@@ -1,4 +1,4 @@
-// Programs that end in every order of application object and singletons; any output is a failure.
+// Ends with each order of application object and singletons. Any output is a failure.
 //
 //     exitcheck gone|first|alive|none
 #include "debug.h"
@@ -12,7 +12,7 @@
 
 namespace {
 
-/// Logs when everything else of the program is gone.
+/// Logs after all other objects of the program have been destroyed.
 struct LastWords {
     ~LastWords()
     {
@@ -20,14 +20,6 @@ struct LastWords {
         MCU_DEBUG << "good bye";
     }
 };
-
-void work(QCoreApplication &application)
-{
-    mcu::McuService::instance()->init();
-    substitute::link::inject("keyEventSgl", {1, 0}, nullptr, substitute::Emitter::ReaderThread);
-    substitute::link::drainReaderThread();
-    application.processEvents();
-}
 
 } // namespace
 
@@ -44,7 +36,10 @@ int main(int argc, char **argv)
     if (mode == "first")
         mcu::McuService::instance();
     QCoreApplication application(argc, argv);
-    work(application);
+    mcu::McuService::instance()->init();
+    substitute::link::inject("keyEventSgl", {1, 0}, nullptr, substitute::Emitter::ReaderThread);
+    substitute::link::drainReaderThread();
+    QCoreApplication::processEvents();
     if (mode == "alive")
         std::exit(0);
     return 0;

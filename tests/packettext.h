@@ -6,7 +6,7 @@
 
 namespace testkit {
 
-/// A packet as the station builds it: all from the length byte on adds up to 0.
+/// A packet as the station builds it: the sum of all bytes from the length byte on is 0.
 inline QByteArray packet(int type, int did, const QByteArray &payload = {})
 {
     const QByteArray body = char(payload.size() + 2) + (char(type) + (char(did) + payload));
@@ -25,7 +25,7 @@ inline QByteArray packetText(const QByteArray &data)
     return data.mid(3, 1).toHex() + ':' + data.mid(4, 1).toHex() + ':' + payload.toHex();
 }
 
-/// The packet of such a text; empty for all other texts.
+/// The packet for such a text; empty for all other texts.
 inline QByteArray packetOf(const QString &text)
 {
     const QStringList parts = text.split(':');

@@ -1,5 +1,6 @@
-// The linker leads the library's calls of ftok and so on to __wrap_ftok and so on (see the CMake
-// file). They know the renderer's names alone; all else fails as if it was not there.
+// The linker redirects the library's calls of ftok and so on to __wrap_ftok and so on (see the
+// CMake file). These accept only the renderer's names; for all others they fail as if nothing was
+// there.
 #include "rendererstandin.h"
 
 #include <QTemporaryDir>
@@ -38,7 +39,7 @@ QByteArray renderer::node()
     return QFile::encodeName(folder.filePath(QStringLiteral("rx")));
 }
 
-// NOLINTBEGIN(bugprone-reserved-identifier): names that the linker gives
+// NOLINTBEGIN(bugprone-reserved-identifier): names that the linker requires
 extern "C" {
 
 int __real_access(const char *path, int mode);
@@ -70,7 +71,7 @@ int __wrap_access(const char *path, int mode)
 
 int __wrap_open(const char *path, int flags, ...)
 {
-    // What may block or read is refused: a test must not hang.
+    // A call that may block or read is refused, so that a test cannot hang.
     const bool isAsked =
         isNode(path) && (flags & (O_ACCMODE | O_NONBLOCK)) == (O_WRONLY | O_NONBLOCK);
     const int descriptor = isAsked ? __real_open(renderer::node(), flags) : -1;

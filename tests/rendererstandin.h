@@ -1,5 +1,5 @@
-// Stands in for the surround-view renderer in a test program that links it: the bridge's names lead
-// to a folder and a semaphore of the program's own, so that no test meets those of the machine.
+// Replaces the surround-view renderer in a test program that links it. The library's node and
+// semaphore are then the program's own, so that tests do not depend on those of the machine.
 #pragma once
 
 #include <QByteArray>
@@ -8,16 +8,16 @@
 
 namespace renderer {
 
-/// What the library meets, as at start.
+/// The renderer as the library finds it, with the values at start.
 struct State {
     bool hasKeyFile = true;
     bool hasSemaphore = true;
-    int semaphore = 0;            ///< above 0 the UART is released; -1 is a failed query
+    int semaphore = 0;            ///< above 0: the UART is released; -1: the query fails
     std::function<void()> opened; ///< called when the library has opened the node
 };
 State &state();
 
-/// The path to which the library's node leads, in a private folder; nothing is there at first.
+/// The path that replaces the library's node, in a private folder; nothing is there at first.
 QByteArray node();
 
 } // namespace renderer

@@ -14,10 +14,10 @@ namespace testkit {
 
 namespace {
 
-/// How often a row with letters is played.
+/// How many times a row with letters is played.
 constexpr int rounds = 4;
 
-/// What the letter at a place stands for.
+/// The value of the letter at a place.
 QString anyValue(int type, int round, int place)
 {
     const int numbers[rounds]{10, -51, INT_MAX - 20, INT_MIN};
@@ -34,10 +34,11 @@ QString anyValue(int type, int round, int place)
     }
 }
 
-/// The row with values for the letters among its arguments; the row itself when it has none.
+/// The row with values for the letters among its arguments; unchanged if it has none.
 Row filled(Row row, const QVector<int> &types, int round)
 {
-    const QStringList arguments = splitOutside(row.stimulus.section('(', 1).chopped(1), ",");
+    const QStringList arguments =
+        splitOutside(row.stimulus.section('(', 1).section(')', 0, -2), ",");
     static const QRegularExpression letter("^[a-z]$");
     for (int place = 0; place < arguments.size(); ++place) {
         if (!letter.match(arguments[place]).hasMatch())
@@ -50,8 +51,7 @@ Row filled(Row row, const QVector<int> &types, int round)
     return row;
 }
 
-/// A log line without its front, which is the same for all: the function without its class, the
-/// text.
+/// A log line without the items that all lines have: its function without the class, and its text.
 QString logText(const LogLine &line)
 {
     const QString tag = line.type == QtDebugMsg ? "[DBG]" : "[ERR]";
@@ -66,7 +66,8 @@ QString logText(const LogLine &line)
     return (mark + function.match(line.function).captured(1) + ": " + text).trimmed();
 }
 
-/// What was wanted and what was received, from the first difference on.
+/// The equal beginning, then the expected (-) and the received (+) texts from the first difference
+/// on.
 QString difference(QStringList wanted, QStringList received)
 {
     QString text;
@@ -167,8 +168,9 @@ QString playSection(const Section &section, substitute::VirtualClock *clock)
         LogCapture capture;
         QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, isLogged);
         for (const Row &row : section.rows) {
-            const QVector<int> types = stage->parameterTypes(row.stimulus);
-            const bool hasLetters = filled(row, types, 0).stimulus != row.stimulus;
+            static const QRegularExpression letters("[(,][a-z][,)]");
+            const bool hasLetters = letters.match(row.stimulus).hasMatch();
+            const auto types = hasLetters ? stage->parameterTypes(row.stimulus) : QVector<int>();
             for (int round = 0; round < (hasLetters ? rounds : 1); ++round) {
                 const QString failure =
                     playRow(filled(row, types, round), *stage, isLogged ? &capture : nullptr);

@@ -3,8 +3,6 @@
 #include "autotesthandler.h"
 #include "linksubstitute.h"
 #include "mcusrv.h"
-#include "mcuvechiclebridge.h"
-#include "operationtable.h"
 #include "packettext.h"
 #include "platformsubstitute.h"
 
@@ -18,25 +16,10 @@
 #include <QThread>
 
 #include <array>
-#include <cstdlib>
-#include <cstring>
-#include <new>
 #include <thread>
 
 namespace link = substitute::link;
 namespace platform = substitute::platform;
-
-// What is made with new lies in memory full of a pattern: a member that nothing initialises is not
-// 0 by chance.
-void *operator new(std::size_t size)
-{
-    void *memory = std::malloc(size);
-    if (!memory)
-        throw std::bad_alloc();
-    return std::memset(memory, 0xa5, size);
-}
-void operator delete(void *memory) noexcept { std::free(memory); }
-void operator delete(void *memory, std::size_t) noexcept { std::free(memory); }
 
 namespace {
 
@@ -46,7 +29,7 @@ bool isStoreFull = false;
 
 } // namespace
 
-// The factory settings are kept in memory, in place of the substitute's files.
+// Stores the factory settings in memory instead of the substitute's files.
 int mem::SettingsExe::getValue(QString key, QString file, int fallback)
 {
     bool isNumber = false;
@@ -70,35 +53,6 @@ namespace testkit {
 
 namespace {
 
-QVariant values(const mcu::SetupInfo &s)
-{
-    return QVariantList{
-        s.bt_input_level,  s.timer_onoff,     s.beep_onoff,  s.camera_onoff,   s.steering_control,
-        s.extra_bass,      s.eq_type,         s.eq1_level,   s.eq2_level,      s.eq3_level,
-        s.eq4_level,       s.eq5_level,       s.eq6_level,   s.eq7_level,      s.eq8_level,
-        s.eq9_level,       s.eq10_level,      s.eq11_level,  s.eq12_level,     s.eq13_level,
-        s.subwoofer_level, s.balance_level,   s.fader_level, s.hpf_front_freq, s.hpf_rear_freq,
-        s.lpf_freq,        s.subwoofer_phase, s.dso,         s.rotary,         s.bassboost};
-}
-
-QVariant values(const mcu::SetupInfo1 &s)
-{
-    return QVariantList{
-        s.main_volume,         s.bt_ring_volume,  s.bt_talking_volume,    s.navi_volume,
-        s.voice_volume,        s.ta_volume,       s.radio_input_gain,     s.usb_input_gain,
-        s.bt_audio_input_gain, s.aux_input_gain,  s.carplay_input_gain,   s.android_auto_input_gain,
-        s.loud_status,         s.rear_view_delay, s.poweroff_delay_onoff, s.steer_state,
-        s.internal_amp_state,  s.break_volume,    s.idl_chime_vol,        s.ti_vol,
-        s.idl_warn_vol,        s.idl_info_vol,    s.idl_reco_vol,         s.bt_siri_vol};
-}
-
-QVariant radarDistances()
-{
-    std::array<int, 8> distances{};
-    McuVechicleBridge::instance()->radarDistance(distances.data(), distances.data() + 4);
-    return QVariantList(distances.begin(), distances.end());
-}
-
 /// A command to the link: "link.SetVolume(9)", or "6e:05:02" for a packet to the station.
 QString commandText(const substitute::Call &call)
 {
@@ -118,9 +72,9 @@ QString platformText(const substitute::Call &call)
     return isStored ? show("stored." + values[0].toString(), {values[2]}) : show(call.name, values);
 }
 
-/// Puts back what outlives a stage: connections to the link and the platform, and the one bridge.
-/// The process's own facade keeps the link, by which the manager's instance mutes and the factory
-/// test answers, but gets no reports.
+/// Resets what is used by all stages: connections to the link and the platform, and the bridge. The
+/// facade of the process stays connected to the link, because the manager's instance() mutes
+/// through it and the factory test answers through it, but it gets no reports.
 void putBack()
 {
     static const bool linked = mcu::McuService::instance()->init();
@@ -147,7 +101,7 @@ void putBack()
     bridge->notifyRadarUpdate(nothing.data(), nothing.data(), 0, 0, 0);
 }
 
-/// What a script sets, by its name; the answers of the link are known to the link.
+/// The states that a script can set, by name; the link has the names of its own answers.
 const QHash<QString, std::function<void(const QVariantList &values)>> settings{
     {"forceTime", [](const QVariantList &values) { platform::setForceTime(values[0].toBool()); }},
     {"upgrading",
@@ -163,7 +117,7 @@ const QHash<QString, std::function<void(const QVariantList &values)>> settings{
      }},
     {"muteState", [](const QVariantList &values) { platform::setMuteState(values[0].toInt()); }},
     {"attState", [](const QVariantList &values) { platform::setAttState(values[0].toInt()); }},
-    {"stored", // "key=value key=value", and nothing else
+    {"stored", // "key=value key=value"; replaces all settings
      [](const QVariantList &values) {
          storedSettings.clear();
          for (const QString &entry : values[0].toString().split(' ', Qt::SkipEmptyParts))
@@ -177,7 +131,7 @@ const QHash<QString, std::function<void(const QVariantList &values)>> settings{
      }},
 };
 
-/// The value that a text stands for.
+/// The value of a text.
 QVariant parsed(const QString &text)
 {
     static const QRegularExpression repeated("^\"(.)\"\\*(\\d+)$");
@@ -191,16 +145,16 @@ QVariant parsed(const QString &text)
         return packet;
     const QJsonDocument json = QJsonDocument::fromJson('[' + text.toUtf8() + ']');
     if (json.array().size() != 1)
-        qFatal("no value: %s", qPrintable(text));
+        qFatal("not a value: %s", qPrintable(text));
     return json.array().first().toVariant();
 }
 
-/// The texts of the arguments of a call, 1..4 written out.
+/// The texts of the arguments of a call, with 1..4 as 1, 2, 3, 4.
 QStringList argumentTexts(const QString &call)
 {
     static const QRegularExpression range("^(\\d+)\\.\\.(\\d+)$");
     QStringList texts;
-    for (const QString &text : splitOutside(call.section('(', 1).chopped(1), ",")) {
+    for (const QString &text : splitOutside(call.section('(', 1).section(')', 0, -2), ",")) {
         const QRegularExpressionMatch match = range.match(text);
         if (!match.hasMatch())
             texts.append(text);
@@ -211,7 +165,7 @@ QStringList argumentTexts(const QString &call)
     return texts;
 }
 
-/// What can be read of an object of a class.
+/// The getters of a class.
 QVector<mcusim::Operation> queriesOf(const QString &className)
 {
     static const QHash<QString, QVector<mcusim::Operation>> byClass = [] {
@@ -226,13 +180,13 @@ QVector<mcusim::Operation> queriesOf(const QString &className)
     return byClass[className];
 }
 
-/// 0, false, an empty text or nothing but zeros in a list; bytes show their length.
+/// Whether a value is 0, false, an empty text or a list of zeros. Bytes are neutral only if empty.
 bool isNeutral(const QVariant &value)
 {
     if (value.type() == QVariant::ByteArray)
         return value.toByteArray().isEmpty();
     if (value.type() != QVariant::List)
-        return value == QVariant(value.type(), nullptr) || value.toString().isEmpty();
+        return value == QVariant(value.userType(), nullptr) || value.toString().isEmpty();
     const QVariantList list = value.toList();
     return list.count(0) == list.size();
 }
@@ -247,46 +201,7 @@ QVariant invoke(QObject *object, int method, QVariantList arguments)
     return {};
 }
 
-QVector<mcusim::Operation> bridgeOperations()
-{
-    using Object = McuVechicleBridge;
-    return {CALL(headlight, ""),
-            CALL(parking, ""),
-            CALL(reverse, ""),
-            CALL(turnlight, ""),
-            CALL(carSpeed, ""),
-            CALL(wheelAngle, ""),
-            CALL(doorState, ""),
-            CALL(notifyHeadlightUpdate, "onoff, from"),
-            CALL(notifyParkingUpdate, "onoff, from"),
-            CALL(notifyReverseUpdate, "onoff, from"),
-            CALL(notifyTurnLightUpdate, "turnlight"),
-            CALL(notifyCarSpeedUpdate, "kmh"),
-            CALL(notifyDoorUpdate, "doorState"),
-            CALL(notifySteeringAngleUpdate, "angle")};
-}
-
 } // namespace
-
-const QVector<mcusim::Operation> &scriptOperations()
-{
-    static const QVector<mcusim::Operation> all = [] {
-        QVector<mcusim::Operation> table = mcusim::operations();
-        using Object = mcu::McuService;
-        table.append(CALL(init, ""));
-        table.append({"McuService.notifyAutoTestPackage",
-                      {{QMetaType::Int, "len"}, {QMetaType::QByteArray, "data"}},
-                      QMetaType::Void,
-                      [](QObject *service, const QVariantList &arguments) {
-                          QByteArray data = arguments[1].toByteArray();
-                          static_cast<mcu::McuService *>(service)->notifyAutoTestPackage(
-                              arguments[0].toInt(), data.data());
-                          return QVariant();
-                      }});
-        return table + bridgeOperations();
-    }();
-    return all;
-}
 
 QStringList splitOutside(const QString &text, const QString &separator)
 {
@@ -319,14 +234,16 @@ Stage::Stage(substitute::VirtualClock *clock, Inputs inputs) : m_clock(clock), m
     m_service->init();
     add("McuService", m_service.get(), "");
     add("McuVechicleBridge", McuVechicleBridge::instance(), "bridge.");
-    m_readings.push_back({"McuVechicleBridge", "bridge.radarDistance", radarDistances});
     add("McuRadioInterface", mcu::McuRadioInterface::instance(), "radio.");
     add("AutoTestHandler", mcu::AutoTestHandler::instance(), "handler.");
     add("unlinked McuService", &m_unlinkedService, "unlinked.");
+    add("unlinked McuVechicleBridge", &m_unlinkedBridge, "unlinked.");
     add("unlinked McuRadioInterface", &m_unlinkedRadio, "unlinked.");
     add("unlinked McuManager", &m_unlinkedManager, "unlinked.");
-    link::log().setListener([this](const substitute::Call &call) { note(commandText(call)); });
-    platform::log().setListener([this](const substitute::Call &call) { note(platformText(call)); });
+    link::log().setListener(
+        [this](const substitute::Call &call) { note(call.name, commandText(call)); });
+    platform::log().setListener(
+        [this](const substitute::Call &call) { note(call.name, platformText(call)); });
 }
 
 Stage::~Stage()
@@ -335,24 +252,17 @@ Stage::~Stage()
     platform::log().setListener(nullptr);
 }
 
-/// Makes an object known by a name: notes what it emits and reads what it lets be read.
+/// Adds an object with its name: records its signals and reads its getters.
 void Stage::add(const QString &name, QObject *object, const QString &prefix)
 {
     m_objects[name] = object;
     m_taps.push_back(std::make_unique<substitute::SignalTap>(
         object, [this, prefix](const QMetaMethod &signal, const QVariantList &arguments) {
-            const bool isElsewhere = QThread::currentThread() != qApp->thread();
-            note((isElsewhere ? "elsewhere " : "") + prefix + show(signal.name(), arguments));
+            note(prefix + signal.name(), prefix + show(signal.name(), arguments));
         }));
     for (const mcusim::Operation &query : queriesOf(name.section(' ', -1))) {
         m_readings.push_back({name, prefix + query.name.section('.', 1),
                               [object, query] { return query.call(object, {}); }});
-    }
-    if (auto *service = qobject_cast<mcu::McuService *>(object)) {
-        m_readings.push_back(
-            {name, prefix + "setupInfo", [service] { return values(service->setupInfo()); }});
-        m_readings.push_back(
-            {name, prefix + "setupInfo1", [service] { return values(service->setupInfo1()); }});
     }
 }
 
@@ -375,10 +285,11 @@ QStringList Stage::play(const QString &stimulus)
     return texts + differing(after, before);
 }
 
-/// Does one thing; what it results in.
+/// Performs one input and returns its result.
 QStringList Stage::perform(const QString &stimulus)
 {
     const QStringList words = splitOutside(stimulus, " ");
+    m_isCallElsewhere = false;
     if (m_objects.contains(stimulus))
         return readAll(stimulus);
     if (words.size() == 1 && stimulus.startsWith('+')) {
@@ -390,6 +301,10 @@ QStringList Stage::perform(const QString &stimulus)
     if (stimulus == "start McuManager") {
         m_manager = std::make_unique<McuManager>(m_service.get());
         add("McuManager", m_manager.get(), "manager.");
+        return {};
+    }
+    if (words[0] == "inside") {
+        m_reactions[words[1]] = stimulus.section(' ', 2);
         return {};
     }
     if (words[0] != "set")
@@ -412,7 +327,7 @@ QStringList Stage::call(const QString &stimulus)
     const Callee called = callee(stimulus);
     const QStringList texts = argumentTexts(stimulus);
     if (texts.size() != called.types.size())
-        qFatal("%d arguments wanted: %s", called.types.size(), qPrintable(stimulus));
+        qFatal("%d arguments expected: %s", called.types.size(), qPrintable(stimulus));
     QVariantList arguments;
     for (int i = 0; i < texts.size(); ++i) {
         arguments.append(parsed(texts[i]));
@@ -421,6 +336,7 @@ QStringList Stage::call(const QString &stimulus)
     }
     QVariant result;
     const auto run = [&] { result = called.call(arguments); };
+    m_isCallElsewhere = stimulus.contains('.');
     if (called.isInput)
         input(run);
     else
@@ -439,12 +355,9 @@ QStringList Stage::readAll(const QString &object) const
     return texts;
 }
 
-QVector<int> Stage::parameterTypes(const QString &stimulus) const
-{
-    return stimulus.contains('(') ? callee(stimulus).types : QVector<int>();
-}
+QVector<int> Stage::parameterTypes(const QString &stimulus) const { return callee(stimulus).types; }
 
-/// What "keyEventSgl(7,0)" or "unlinked McuService.SetVolume(12)" calls.
+/// The operation that "keyEventSgl(7,0)" or "unlinked McuService.SetVolume(12)" calls.
 Stage::Callee Stage::callee(const QString &stimulus) const
 {
     const QString name = stimulus.section('(', 0, 0);
@@ -453,7 +366,7 @@ Stage::Callee Stage::callee(const QString &stimulus) const
     const bool isReport = !name.contains('.');
     QObject *object = isReport ? mcu::McuSrv::instance() : m_objects[name.section('.', 0, 0)];
     if (!object)
-        qFatal("there is no object for %s", qPrintable(stimulus));
+        qFatal("no object for %s", qPrintable(stimulus));
     for (const mcusim::Operation &operation : scriptOperations()) {
         if (operation.name == operationName && operation.parameters.size() == count) {
             QVector<int> types;
@@ -476,7 +389,7 @@ Stage::Callee Stage::callee(const QString &stimulus) const
         return {types, [=](const QVariantList &arguments) { return invoke(object, i, arguments); },
                 isReport};
     }
-    qFatal("nothing is called %s with %d arguments", qPrintable(name), count);
+    qFatal("no operation or signal %s with %d arguments", qPrintable(name), count);
 }
 
 void Stage::input(const std::function<void()> &action) const
@@ -487,13 +400,17 @@ void Stage::input(const std::function<void()> &action) const
         action();
 }
 
-void Stage::note(const QString &text)
+/// Notes an effect, and does what applications do inside it.
+void Stage::note(const QString &name, const QString &text)
 {
     const bool isHere = QThread::currentThread() == qApp->thread();
-    m_effects.append({text, isHere ? readings() : QVariantList()});
+    const QString place = isHere || m_isCallElsewhere ? "" : "elsewhere ";
+    m_effects.append({place + text, isHere ? readings() : QVariantList()});
+    if (m_reactions.contains(name))
+        perform(m_reactions[name]);
 }
 
-/// All that can be read now. Some queries log, which is not what scripts want to see.
+/// The current values of all getters. Some getters log; these lines are not shown to scripts.
 QVariantList Stage::readings() const
 {
     QLoggingCategory *category = QLoggingCategory::defaultCategory();

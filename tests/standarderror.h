@@ -1,4 +1,4 @@
-// What a program writes to its standard error itself, past the message logger.
+// Catches output that a program writes to standard error without the message logger.
 #pragma once
 
 #include <QByteArray>
@@ -9,7 +9,7 @@
 
 namespace testkit {
 
-/// What an action writes to the stream, which is put back afterwards.
+/// The output of an action to standard error, which is restored afterwards.
 template <typename Action>
 QByteArray standardErrorOf(const Action &action)
 {

@@ -1,5 +1,4 @@
-// Shared by the test programs: what was emitted and what was logged, as texts that a table can
-// hold.
+// Shared by the test programs: records emitted signals and log lines as texts, for use in tables.
 #pragma once
 
 #include "signaltap.h"
@@ -19,8 +18,7 @@
 
 namespace testkit {
 
-/// A value as a table shows it: 5, true, "text", [1,2], 0x0aff, fifteen times the same byte as
-/// 0x00*15.
+/// A value as text: 5, true, "text", [1,2], 0x0aff; fifteen equal bytes as 0x00*15.
 inline QString show(const QVariant &value)
 {
     const QByteArray bytes = value.toByteArray();
@@ -39,7 +37,7 @@ inline QString show(const QVariant &value)
     }
 }
 
-/// A call or an emission as a table shows it: keyEvent(5,1).
+/// A call or a signal as text: keyEvent(5,1).
 inline QString show(const QString &name, const QVariantList &arguments)
 {
     QStringList texts;
@@ -48,7 +46,7 @@ inline QString show(const QString &name, const QVariantList &arguments)
     return name + '(' + texts.join(',') + ')';
 }
 
-/// The arguments 1, 2, 3 ... as a method takes them; truth values are 1 and 0 in turn.
+/// The arguments 1, 2, 3 ... in the types of a method; booleans are true and false in turn.
 inline QVariantList countedArguments(const QMetaMethod &method)
 {
     QVariantList arguments;
@@ -60,7 +58,7 @@ inline QVariantList countedArguments(const QMetaMethod &method)
     return arguments;
 }
 
-/// What objects emit and platform classes are told, in one order, as texts.
+/// Records emitted signals and calls of platform classes in one order, as texts.
 class Trace {
 public:
     Trace() = default;
@@ -72,7 +70,7 @@ public:
             log->setListener(nullptr);
     }
 
-    /// Notes all emissions of an object from now on.
+    /// Records all signals of an object from now on.
     void listen(const QObject *source, const QString &prefix = QString())
     {
         m_taps.push_back(std::make_unique<substitute::SignalTap>(
@@ -80,7 +78,7 @@ public:
                 note(prefix + show(signal.name(), arguments));
             }));
     }
-    /// Notes all calls that a substitute receives from now on.
+    /// Records all calls that a substitute receives from now on.
     void listen(substitute::CallLog &log, const QString &prefix = QString())
     {
         log.setListener([this, prefix](const substitute::Call &call) {
@@ -90,7 +88,7 @@ public:
     }
     void note(const QString &text) { m_texts.append(text); }
 
-    /// What was noted since the last call.
+    /// The records since the last call.
     QStringList take() { return std::exchange(m_texts, {}); }
 
 private:
@@ -99,7 +97,7 @@ private:
     std::vector<substitute::CallLog *> m_logs;
 };
 
-/// All emissions of one object in order, as texts.
+/// Records the signals of one object in order, as texts.
 class Emissions : public Trace {
 public:
     explicit Emissions(const QObject *source) { listen(source); }
@@ -115,7 +113,7 @@ struct LogLine {
     QString function;
 };
 
-/// Switches debug output on and catches what is logged while it lives, instead of printing it.
+/// While it exists, debug output is on and log lines are recorded instead of printed.
 class LogCapture {
 public:
     LogCapture() : m_previous(qInstallMessageHandler(&LogCapture::keep))
@@ -132,7 +130,7 @@ public:
     LogCapture &operator=(const LogCapture &) = delete;
 
     QVector<LogLine> take() { return std::exchange(lines(), {}); }
-    /// The texts behind the "--" of each line since the last call.
+    /// The texts after the "--" of each line since the last call.
     QStringList takeTexts()
     {
         QStringList texts;
@@ -158,8 +156,8 @@ private:
     QtMessageHandler m_previous;
 };
 
-/// An application under a virtual clock. Any Qt warning ends it, so that a connection that could
-/// not be made cannot be missed; the library's own debug lines stay silent.
+/// An application on a virtual clock. A Qt warning ends it, so that a connection that fails is
+/// always noticed. The debug lines of the library are off.
 struct Application {
     Application(int &argc, char **argv) : application(argc, argv)
     {
@@ -171,7 +169,7 @@ struct Application {
     QCoreApplication application;
 };
 
-/// Runs a test object in such an application. A test that needs the clock is made with it.
+/// Runs a test object in such an application. A test without a default constructor gets the clock.
 template <typename Test>
 int run(int argc, char **argv)
 {

@@ -1,5 +1,5 @@
-// What neither the replayed packets (fuzz/) nor the scripts can show of the factory test: packets
-// that come within one another or are too long, and how its settings are kept in the store.
+// The factory test where replayed packets (fuzz/) and scripts are not enough: a packet that arrives
+// during another one, payloads that are too long, and the settings in the store.
 #include "autotesthandler.h"
 #include "linksubstitute.h"
 #include "mcuservice.h"
@@ -37,7 +37,7 @@ QByteArrayList sent()
 
 } // namespace
 
-// Stands in front of the store's own.
+// Replaces the function of the substitute.
 int mem::SettingsExe::getValue(QString key, QString file, int fallback)
 {
     reads += file == settingsPath ? testkit::show(key, {fallback}) : file;

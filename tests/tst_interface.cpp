@@ -1,9 +1,9 @@
-// What applications link against and connect to: methods, connections and their order, objects
-// without a link, the page of the vehicle records. And that the behaviour scripts leave nothing of
-// it out.
+// The interface that applications link against and connect to: methods, connections and their
+// order, objects without a link, the page of the vehicle records. Also checks that the behaviour
+// scripts are complete.
 #include "autotesthandler.h"
 #include "linksubstitute.h"
-#include "mcuvechiclebridge.h"
+#include "platformsubstitute.h"
 #include "recordcatalog_p.h"
 #include "stage.h"
 
@@ -26,7 +26,7 @@ QString read(const QString &path)
     return QString::fromUtf8(file.readAll());
 }
 
-/// The lines of a text file without remarks and empty ones.
+/// The lines of a text file without comments and empty lines.
 QStringList lines(const QString &path)
 {
     return read(path).split('\n').filter(QRegularExpression("^[^#]"));
@@ -37,11 +37,11 @@ QString shortName(const QMetaObject &metaObject)
     return QString(metaObject.className()).section(':', -1);
 }
 
-QStringList connections; ///< what was connected since the last clear, as connections.txt says it
+QStringList connections; ///< those made since the last clear, as texts of connections.txt
 
 } // namespace
 
-// The linker leads every connection in text form that is made here to the second of these, and the
+// The linker redirects every connection in text form to the second of these functions, and the
 // first to Qt (see the CMake file).
 QMetaObject::Connection connectByQt(
     const QObject *, const char *, const QObject *, const char *,
@@ -150,6 +150,14 @@ private Q_SLOTS:
         QCOMPARE(found, lines("metaobjects.txt"));
     }
 
+    void belongsToItsParent()
+    {
+        QObject parent;
+        const QObject *children[]{new McuService(&parent), new mcu::AutoTestHandler(&parent)};
+        for (const QObject *child : children)
+            QCOMPARE(child->parent(), &parent);
+    }
+
     void connectsInOrder()
     {
         const QStringList wanted = lines("connections.txt");
@@ -160,13 +168,18 @@ private Q_SLOTS:
         McuService service;
         QVERIFY(service.init());
         substitute::link::log().setListener(nullptr);
-        const McuManager manager(&service);
+        McuManager manager(&service);
+        manager.setWatchDogEnable(true);
+        substitute::platform::setAudioEvents({6});
+        manager.checkEventOffRestoreMute();
+        service.notifyAutoTestStatus(1);
+        service.notifyAutoTestStatus(0);
         QCOMPARE(connections, wanted);
     }
 
     void isSilentWithoutLink()
     {
-        // These three must not be called without a link.
+        // These three have no null check of the link.
         const QStringList excluded{"McuService.setSerialNumer", "McuService.setSleepMode",
                                    "McuService.setMixChannel", "McuService.init"};
         const QHash<int, QString> texts{{QMetaType::Int, "3"},
@@ -200,8 +213,8 @@ private Q_SLOTS:
         }
     }
 
-    /// Whichever report of a set comes last, and however often the others have come, it makes CAN
-    /// data ready; nothing that follows tells it again.
+    /// CAN data is ready when the last report of a set arrives, whichever it is and however often
+    /// the others have arrived. CANDataReady() is not emitted again.
     void lastOfASetMakesCanDataReady()
     {
         for (const QString name : {"car", "truck"}) {
@@ -223,8 +236,8 @@ private Q_SLOTS:
         }
     }
 
-    /// Each report, operation, command and signal has a row, but for the factory test, the update
-    /// search and what never changes or is never emitted.
+    /// Each report, operation, command and signal has a row, except those of the factory test and
+    /// the update search, and those that never change or are never emitted.
     void scriptsLeaveNothingOut()
     {
         QString scripts;

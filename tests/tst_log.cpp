@@ -1,5 +1,4 @@
-// The log line and the scope tracer: their items, their context, their times, and silence while
-// debug is off.
+// The log line and the scope tracer: items, context, times, and no output while debug is off.
 #include "debug.h"
 #include "mcuservice.h"
 #include "testkit.h"
@@ -19,7 +18,7 @@ namespace {
 
 QString thisThread() { return QString::number(syscall(SYS_gettid)); }
 
-/// The texts of all lines so far, with the thread's number as "<tid>".
+/// The texts of all lines so far, with "<tid>" for the thread id.
 QStringList texts(LogCapture &log)
 {
     QStringList found;
@@ -28,12 +27,12 @@ QStringList texts(LogCapture &log)
     return found;
 }
 
-/// What the monotonic clock answers in turn; every reading is logged.
+/// The times that the monotonic clock returns in turn; every call is logged.
 QVector<timespec> readings;
 
 } // namespace
 
-// The linker leads the library's clock_gettime here (see the CMake file).
+// The linker redirects the library's clock_gettime to this function (see the CMake file).
 int readTestClock(clockid_t clock, timespec *time) asm("__wrap_clock_gettime");
 
 int readTestClock(clockid_t clock, timespec *time)
@@ -73,7 +72,7 @@ private Q_SLOTS:
         mcu::McuService service;
         LogCapture log;
         service.notifyDabMcuRequest(6, 7);
-        service.init(); // not with the signature that the compiler gives
+        service.init(); // its line has another signature than the compiler's
         const QVector<LogLine> lines = log.take();
         QCOMPARE(lines.size(), 2);
         QCOMPARE(lines[0].file, QString("service/mcunotifications.cpp"));
@@ -91,7 +90,7 @@ private Q_SLOTS:
         bool isRight = false;
         std::thread([&] { isRight = isLogged(thisThread()); }).join();
         QVERIFY(isRight);
-        QVERIFY(isLogged(thisThread())); // an id kept from here would be wrong in the child
+        QVERIFY(isLogged(thisThread())); // a stored id would be wrong in the child
         const pid_t child = fork();
         if (child == 0)
             _exit(isLogged(QString::number(getpid())) ? 0 : 1);
@@ -119,8 +118,8 @@ private Q_SLOTS:
         QCOMPARE(log.take().size(), 2);
     }
 
-    /// The clock is read after the entry line, whose cost so does not count, and before the time
-    /// line.
+    /// The clock is read after the entry line, so that the time does not include it, and before the
+    /// time line.
     void tracerTellsItsTime()
     {
         const struct {
@@ -132,7 +131,7 @@ private Q_SLOTS:
             {{7, 999999999}, {8, 0}, "1"},
             {{1, 5000000}, {7201, 9000000}, "7200004"},
             {{0, 0}, {2147483, 648000000}, "2147483648"},
-            {{4294967, 295000000}, {4294967, 303000000}, "8"}, // over the end of 32 bits
+            {{4294967, 295000000}, {4294967, 303000000}, "8"}, // the 32-bit milliseconds wrap
         };
         for (const auto &[start, end, milliseconds] : cases) {
             LogCapture log;

@@ -1,4 +1,4 @@
-// Broadcast text: every byte against the character set as it is read, and the edges of the input.
+// Broadcast text: every byte of the character set, and the limits of the input.
 #include "radiostringconnver.h"
 
 #include <QTest>
@@ -7,8 +7,8 @@
 
 namespace {
 
-// The character set as text, 16 characters a row; a dot is a byte that is dropped (0x2E, the full
-// stop itself, is the one exception).
+// The character set as text, 16 characters per row. A dot is a byte that is dropped, except 0x2E,
+// which is the full stop itself.
 const QString characterSet = QStringLiteral(".ĘĮŲĂĖĎŞŢĊ .ĠĹŻŃ"
                                             "ąęįųăėďşţċŇĚġĺż."
                                             " !\"#ł%&'()*+,-./"

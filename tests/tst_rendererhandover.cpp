@@ -1,5 +1,5 @@
-// What the renderer receives of parking distances, whatever stands in its place, and whether it has
-// released the UART.
+// The frames that the renderer receives for parking distances, with all kinds of files in place of
+// its node, and the query whether it has released the UART.
 #include "mcuvechiclebridge.h"
 #include "rendererstandin.h"
 #include "standarderror.h"
@@ -21,7 +21,7 @@ using Values = QVector<int>;
 
 namespace {
 
-/// The write that a frame is part of.
+/// The whole write of a frame.
 QByteArray image(const char *frame) { return QByteArray::fromHex(frame) + QByteArray(30, '\0'); }
 
 Values distancesOf(McuVechicleBridge &bridge)
@@ -36,7 +36,7 @@ int openDescriptors()
     return QDir("/proc/self/fd").entryList(QDir::AllEntries | QDir::System).size();
 }
 
-/// A renderer that has released the UART, with a bridge of its own.
+/// A renderer that has released the UART, with its own bridge.
 struct Renderer {
     Renderer() { renderer::state() = {true, true, 1, {}}; }
     Renderer(const Renderer &) = delete;
@@ -58,7 +58,8 @@ struct Renderer {
         QByteArray bytes(1 << 20, '\0');
         return bytes.left(qMax(0, int(read(reader, bytes.data(), size_t(bytes.size())))));
     }
-    /// What can be read from the node whenever applications are told, once for each report.
+    /// Reports distances. Returns what can be read from the node during each
+    /// radarDistanceChanged().
     QByteArrayList report(Values codes = Values(8, 0))
     {
         QByteArrayList told;
@@ -111,7 +112,7 @@ private Q_SLOTS:
                "5511101e23284b1010100000000000000000fbff");
         verify({46, 47, 255, 1, -5, -6, 4, 5}, {255, 260, 1300, 30, 0, -5, 45, 50},
                "5511ff04141e00fb2d32000000000000000060ff");
-        // Beyond any sensor.
+        // Codes that no sensor has.
         verify({INT_MAX, INT_MIN, 429496724, 429496725, -429496734, -429496735, 1, 0},
                {INT_MAX, INT_MIN, 2147483645, INT_MAX, -2147483645, INT_MIN, 30, 10000},
                "5511ff00fdff03001e100000000000000000c3ff");
@@ -149,10 +150,10 @@ private Q_SLOTS:
             file.write(QByteArray(50, 'x') + "after");
             r.readNode();
         });
-        // Nobody may write there, root neither.
+        // A file that nobody may write, not even root.
         verify("no permission", "",
                [](Renderer &) { QFile::link("/proc/sys/kernel/ostype", node()); });
-        // Last, for the number of the standard input stays free.
+        // The last case, because standard input stays closed.
         verify("descriptor 0", "", [](Renderer &r) {
             r.readFifo();
             close(STDIN_FILENO);
@@ -173,7 +174,7 @@ private Q_SLOTS:
         verify({true, true, 1, {}}, true, "");
         verify({true, true, 2, {}}, true, "");
         verify({true, true, -1, {}}, false, "");
-        // Without its key file the semaphore of key -1 is asked.
+        // Without the key file the semaphore of key -1 is queried.
         verify({false, true, 1, {}}, true,
                "do_notify_release_uart (ftok): No such file or directory\n");
         verify({true, false, 1, {}}, false, "do_notify_release_uart (semget): Permission denied\n");
@@ -199,7 +200,7 @@ private Q_SLOTS:
             QCOMPARE(sigismember(&set, SIGPIPE), int(pending));
             pthread_sigmask(SIG_SETMASK, nullptr, &set);
             QCOMPARE(sigismember(&set, SIGPIPE), int(blocked));
-            QVERIFY(std::signal(SIGPIPE, SIG_IGN) == SIG_DFL); // and drops what is pending
+            QVERIFY(std::signal(SIGPIPE, SIG_IGN) == SIG_DFL); // this also drops a pending signal
         }
     }
 };

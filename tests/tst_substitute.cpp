@@ -1,5 +1,5 @@
-// The substitute platform where no other test meets it: what it refuses to inject and to answer,
-// and its settings files.
+// The substitute platform where no other test uses it: refused injections and answers, and the
+// settings files.
 #include "linksubstitute.h"
 #include "platformsubstitute.h"
 #include "testkit.h"
@@ -38,7 +38,7 @@ private Q_SLOTS:
         row(key, {1, QByteArray("\x0a\xff")},
             "keyEventSgl: argument 2 (int state) cannot be 0x0aff");
         row("radioTextSgl", {5}, "radioTextSgl: argument 1 (QString text) cannot be 5");
-        // Commands and what every object has are no reports of the MCU.
+        // Commands and the signals of QObject are not reports of the MCU.
         row("volumePlus", {}, "unknown link signal \"volumePlus\"; known signals are: ");
         row("destroyed", {}, "unknown link signal \"destroyed\"; known signals are: ");
     }
@@ -73,7 +73,7 @@ private Q_SLOTS:
     {
         const QString path = "/media/flash/nvm/factory/settings.ini";
         mem::SettingsExe *store = mem::SettingsUtil::instance()->getSaver();
-        QVERIFY(QFileInfo(platform::settingsRoot()).isDir()); // the private one, before any call
+        QVERIFY(QFileInfo(platform::settingsRoot()).isDir()); // the default folder
         QTemporaryDir folder;
         platform::setSettingsRoot(folder.path());
         store->setOtherPathValue("SpeakerLevelValue_0-4", path, -6, -6, true);
@@ -81,7 +81,8 @@ private Q_SLOTS:
         QVERIFY(file.open(QIODevice::ReadOnly));
         QVERIFY(file.readAll().contains("\nSpeakerLevelValue_0-4=-6\n"));
         file.close();
-        // What another process writes is seen; what is no number is as good as missing.
+        // The store reads what another process writes. A value that is not a number counts as
+        // missing.
         QVERIFY(file.open(QIODevice::WriteOnly));
         file.write("[General]\nzero=0\nword=two\nempty=\nhuge=99999999999\n");
         file.close();

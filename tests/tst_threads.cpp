@@ -1,5 +1,5 @@
-// The library and threads other than its own under load: first use from several at once, a link
-// that emits from its reader thread while the event loop runs, audio statuses from another thread.
+// The library with other threads under load: first use from two threads at once, a link that emits
+// from its reader thread while the event loop runs, audio statuses from another thread.
 #include "linksubstitute.h"
 #include "mcumanager.h"
 #include "mcuservice.h"
@@ -30,7 +30,7 @@ private Q_SLOTS:
             for (--waiting; waiting > 0;)
                 std::this_thread::yield();
             found[number] = mcu::McuService::instance();
-            // The winner's queries answer at once: the object was finished when it was handed out.
+            // The object is complete when instance() returns, so its getters can be called at once.
             found[number]->getDest();
         };
         std::thread other(find, 1);
@@ -59,7 +59,7 @@ private Q_SLOTS:
             wanted << testkit::show("volumeTurn", {i}) << testkit::show("serialNumChanged", {text})
                    << testkit::show("autoTestPkgChanged", {text.toUtf8()});
             if (i % 25 == 0)
-                m_clock->settle(); // while the reader thread goes on emitting
+                m_clock->settle(); // while the reader thread continues to emit
         }
         substitute::link::drainReaderThread();
         m_clock->settle();
@@ -70,7 +70,7 @@ private Q_SLOTS:
     {
         mcu::McuService service;
         service.init();
-        McuManager::instance(); // made in this thread; all managers mute by it
+        McuManager::instance(); // created in this thread; all managers mute through it
         McuManager manager(&service);
         testkit::Trace trace;
         trace.listen(substitute::link::log());
@@ -88,7 +88,7 @@ private Q_SLOTS:
         while (!done) {
             m_clock->advance(3000); // the restore timer starts, stops and fires
             manager.audioStatus();
-            // Both threads write the substitutes' logs, which only the manager's lock keeps whole.
+            // Both threads write to the substitutes' logs; only the manager's lock protects them.
             manager.unduckAudio(1);
         }
         caller.join();

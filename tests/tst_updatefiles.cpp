@@ -1,5 +1,5 @@
-// Plays updatefiles.txt, which says how it is written: what the manager finds on the media, with a
-// root folder of its own in which "/media" is the test's.
+// Plays updatefiles.txt, which describes its format: the files that the manager finds on the media.
+// The test has its own root folder, so that "/media" is a folder of the test.
 #include "mcumanager.h"
 #include "testkit.h"
 
@@ -42,7 +42,7 @@ QString find(McuManager &manager, const QStringList &call)
                             : manager.findUpdateFile(text(0), text(1), text(2), isMarked);
 }
 
-/// What a search logs, without the three lines of its tracer around the others.
+/// The log of a search without the three lines of its tracer.
 QString texts(const QVector<testkit::LogLine> &lines)
 {
     QStringList texts;
@@ -74,7 +74,7 @@ private Q_SLOTS:
         const QTemporaryDir folder;
         const QByteArray root = QFile::encodeName(folder.path());
         const int before = open("/", O_RDONLY | O_CLOEXEC);
-        // As root of the machine or of a user name space.
+        // This needs root rights of the machine or of a user name space.
         if (chroot(root) != 0 && (unshare(CLONE_NEWUSER) != 0 || chroot(root) != 0))
             QSKIP("the root folder cannot be moved", );
         const auto moveBack =

@@ -1,5 +1,5 @@
-// Virtual time: order of timers, what slots may do to them, posted events in between, and the
-// event loop on top.
+// Virtual time: the order of timers, timers that slots change, posted events between timers, and
+// the event loop.
 #include "testkit.h"
 
 #include <QPointer>
@@ -18,7 +18,8 @@ public:
 private:
     using Slot = std::function<void()>;
 
-    /// A timer whose firing writes its name and the time since the test began, then runs the slot.
+    /// A timer that, when it fires, records its name and the time since the start of the test, then
+    /// runs the slot.
     QTimer *timer(
         const QString &name, int interval, bool once = false, const Slot &slot = [] {})
     {
@@ -42,7 +43,7 @@ private Q_SLOTS:
     void init()
     {
         m_owner = std::make_unique<QObject>();
-        m_clock->advance(1); // away from what an earlier test did at its last moment
+        m_clock->advance(1); // timers without interval of an earlier test have fired at this time
         m_start = m_clock->now();
     }
 
@@ -50,16 +51,16 @@ private Q_SLOTS:
     {
         // Timers, "!" for those that fire once, and steps of time.
         const QStringList rows{
-            // Due time, then arming; repeats are armed anew when they fire.
+            // By due time, then by start; a repeating timer starts again when it fires.
             "a20 b10 c10 +20: b10 c10 a20 b20 c20",
             "a20! b10 c20! +20: b10 a20 c20 b20",
-            // Steps make no difference and do not shift the beat; their end is included.
+            // The size of the steps does not matter; the end of a step is included.
             "a7 b10! +6 +1 +5 +9: a7 b10 a14 a21",
             "a3 b4! +3: a3",
-            // No interval: once at each moment.
+            // Interval 0: once at each time.
             "z0 a2! +0 +0 +2: z0 z1 a2 z2",
             "z0! y0! +5: z0 y0",
-            // Time does not go back.
+            // Time never goes back.
             "a5 +5 +-3 +5: a5 a10",
         };
         for (const QString &row : rows) {
@@ -125,7 +126,7 @@ private Q_SLOTS:
         timer("a", 1800000);
         QTimer::singleShot(3600001, qApp, &QCoreApplication::quit);
         QCoreApplication::processEvents();
-        QCOMPARE(trace(), QString()); // nothing is due, and without exec() time stands
+        QCOMPARE(trace(), QString()); // no timer is due, and time does not advance without exec()
         QCoreApplication::exec();
         QCOMPARE(trace(), QString("a1800000 a3600000"));
         QCOMPARE(m_clock->now() - m_start, qint64(3600001));
@@ -134,8 +135,9 @@ private Q_SLOTS:
     void eventLoopWithoutTimersWaitsForOtherThreads()
     {
         std::thread other;
-        // The other thread starts only when the loop has run out of work. It calls by name: a
-        // functor would be shared by both threads and freed by the last, under Qt's own count.
+        // The other thread starts when the loop has nothing to do. It calls by name: a functor
+        // would be shared by both threads, and the thread sanitizer does not see the reference
+        // count of Qt.
         connect(m_clock, &QAbstractEventDispatcher::aboutToBlock, m_owner.get(), [&] {
             if (other.joinable())
                 return;

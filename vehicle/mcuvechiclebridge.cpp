@@ -1,4 +1,4 @@
-// The bridge keeps what the facade reports and tells the renderer what changed.
+// The bridge stores the values that the facade reports and emits a signal for each change.
 #include "mcuvechiclebridge.h"
 
 #include "debug.h"
@@ -10,11 +10,12 @@
 
 namespace {
 
-// Kept: the stems differ, "server" and "service", as the renderer has them.
+// Kept: one name has "server", the other "service"; the renderer uses these names.
 constexpr char releaseKeyFile[] = "/tmp/avmrenderserver_releaseuart";
 constexpr char rendererNode[] = "/tmp/avmrenderservice_rx";
 
-// Stores a value that differs from the last one and logs it in the name of the caller.
+// Stores and logs a value that differs from the last one, with the caller's call site, and returns
+// whether it differs.
 template <typename Value>
 bool changes(Value &last, Value value, const CallSite &site)
 {
@@ -96,7 +97,7 @@ void McuVechicleBridge::notifyDoorUpdate(int doorState)
 
 void McuVechicleBridge::notifySteeringAngleUpdate(int angle)
 {
-    // Not logged: the angle moves with every report of a drive.
+    // Not logged: during a drive the angle changes with every report.
     const int percent = mcu::steeringPercent(angle);
     if (percent == m_wheelAngle)
         return;

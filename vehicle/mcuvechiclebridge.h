@@ -90,8 +90,8 @@ public:
 
 Q_SIGNALS:
     /// \name Changes
-    /// Each but radarDistanceChanged() is emitted only when its value differs from the stored one;
-    /// the getter already returns the new value.
+    /// All but radarDistanceChanged() are emitted only when their value differs from the stored
+    /// one; the getter already returns the new value.
     ///@{
 
     /// The headlight was switched on (true) or off.

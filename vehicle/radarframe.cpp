@@ -1,5 +1,5 @@
 // Frame layout: start mark, type, four front and four rear distances, eight reserved zeros,
-// checksum, end mark. All bytes between the marks sum to 0 modulo 256.
+// checksum, end mark. The sum of all bytes between the marks is 0 modulo 256.
 #include "radarframe_p.h"
 
 #include <algorithm>

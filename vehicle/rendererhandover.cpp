@@ -1,4 +1,4 @@
-// Renderer hand-over on System V semaphores and POSIX file calls.
+// Writes to the renderer, with System V semaphores and POSIX file calls.
 #include "rendererhandover_p.h"
 
 #include <cerrno>
@@ -14,8 +14,8 @@ namespace mcu {
 
 bool isUartReleased(const char *keyFile)
 {
-    // Kept: without its key file the semaphore is looked up all the same, under the key -1, and the
-    // texts on standard error name a function of the renderer's; its tools know both.
+    // Kept: without the key file the semaphore of key -1 is queried, and the messages on standard
+    // error name a function of the renderer; its tools rely on both.
     const key_t key = ftok(keyFile, 1);
     if (key == -1)
         std::perror("do_notify_release_uart (ftok)");
@@ -34,7 +34,7 @@ void handOverToRenderer(const RadarImage &image, const char *keyFile, const char
     const int descriptor = open(node, O_WRONLY | O_NONBLOCK | O_CLOEXEC);
     if (descriptor > 0)
         writeWithoutSignal(descriptor, image);
-    close(descriptor); // also what is not written to: 0 must not stay open, -1 does no harm
+    close(descriptor); // in every case: 0 must not stay open, and closing -1 has no effect
 }
 
 void writeWithoutSignal(int descriptor, const RadarImage &image)
@@ -49,7 +49,7 @@ void writeWithoutSignal(int descriptor, const RadarImage &image)
 
     const bool readerGone = write(descriptor, image.data(), image.size()) == -1 && errno == EPIPE;
 
-    // Take back the SIGPIPE of this write, but not one that already waited for the application.
+    // Removes the SIGPIPE of this write, but not one that was pending before.
     if (readerGone && sigismember(&pendingBefore, SIGPIPE) == 0) {
         const timespec noWait{};
         sigtimedwait(&brokenPipe, nullptr, &noWait);

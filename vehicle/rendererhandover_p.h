@@ -1,21 +1,21 @@
-// The last step to the surround-view renderer, a process of its own: ask whether it has released
-// the UART, and write to its node. Every outcome is silent to the caller and nothing blocks.
+// Writes to the surround-view renderer, which is another process: queries whether it has released
+// the UART, then writes to its node. No error is returned and nothing blocks.
 #pragma once
 
 #include "radarframe_p.h"
 
 namespace mcu {
 
-/// True while the renderer's release semaphore is above 0. `keyFile` names the semaphore, which is
-/// created if missing and never changed. Trouble with either is told on standard error.
+/// Whether the renderer's release semaphore is above 0. `keyFile` identifies the semaphore, which
+/// is created if it is missing and never changed. Errors are written to standard error.
 bool isUartReleased(const char *keyFile);
 
-/// Writes the image to `node`, a FIFO that the renderer reads, if the UART is released. Nothing is
-/// retried: without a renderer, or with a busy one, the image is lost and the next brings news.
+/// Writes the image to `node`, a FIFO that the renderer reads, if the UART is released. If there is
+/// no renderer or it is busy, the image is dropped.
 void handOverToRenderer(const RadarImage &image, const char *keyFile, const char *node);
 
-/// Writes the image to an open descriptor. A reader that has gone costs the image, but raises no
-/// SIGPIPE; the signal set-up of the application is as before.
+/// Writes the image to an open descriptor. Without a reader the image is dropped and no SIGPIPE is
+/// raised. The application's signal mask and its pending signals do not change.
 void writeWithoutSignal(int descriptor, const RadarImage &image);
 
 } // namespace mcu

@@ -1,12 +1,13 @@
-// The steering wheel's position on the scale of the surround-view renderer.
+// The position of the steering wheel in percent, for the surround-view renderer.
 #pragma once
 
 #include <QtGlobal>
 
 namespace mcu {
 
-/// Percent of the full range, 0 to 100, for a steering angle in the MCU's tenths. The range is 0 to
-/// 1476 whole units, its middle straight ahead; angles outside count as its ends.
+/// Percent of the full range, 0 to 100, for a steering angle in tenths of the MCU's unit. The range
+/// is 0 to 1476 units, and its middle is straight ahead; an angle outside counts as the nearer
+/// limit. Whole numbers: in floating point the middle and the end come out one too low.
 constexpr int steeringPercent(int angle)
 {
     constexpr int fullRange = 1476;

@@ -1,5 +1,5 @@
-# Installs the library into a folder of its own and uses it there as an application would: by the
-# CMake package, by pkg-config and by qmake, on every platform below it.
+# Installs the library in a separate folder and builds an application with it: by the CMake package,
+# by pkg-config and by qmake. Runs the application on each platform.
 #
 #     cmake -D SOURCE=<source root> -D BUILD=<build folder> -D WORK=<scratch>
 #           -D LIBRARY=<libmcuservice.so.1.0.0> -D SUBSTITUTE=<folder of the substitute's libraries>
@@ -14,7 +14,7 @@ function(run)
     set(output "${output}" PARENT_SCOPE)
 endfunction()
 
-# An application must link by the linker's own defaults, with no platform in sight.
+# An application must link with the linker's defaults and without a platform.
 set(ENV{LDFLAGS} "")
 set(ENV{LD_LIBRARY_PATH} "")
 file(REMOVE_RECURSE ${WORK}/own ${WORK}/pkg-config ${WORK}/qmake)
@@ -40,8 +40,8 @@ run(${CMAKE_COMMAND} -E chdir ${WORK}/qmake ${QMAKE} ${CMAKE_CURRENT_LIST_DIR}/c
     QMAKE_CXX=${COMPILER} QMAKE_LINK=${COMPILER} QMAKE_CXXFLAGS+=${FLAGS} QMAKE_LFLAGS+=${FLAGS})
 run(make -C ${WORK}/qmake)
 
-# expect(library platform output): every application, as it was linked above, over the library
-# installed in WORK/library and the platform's folder prints that.
+# expect(library platform output): every application that was linked above must print this output with
+# the library installed in WORK/library and the libraries in the platform's folder.
 function(expect library platform expected)
     file(GLOB_RECURSE folder ${WORK}/${library}/*/libmcuservice.so.1)
     get_filename_component(folder ${folder} DIRECTORY)
@@ -58,8 +58,8 @@ set(on_substitute "version \n")
 set(on_sample "init\nsendVehicleSpeed 42\nspeed 42\nHDR_DabRequestScan\nversion sample 1\n")
 expect(own ${SUBSTITUTE} ${on_substitute})
 
-# build(library platform sonames): builds the library anew with these settings. One build folder for
-# all, so that the second and the third are only linked.
+# build(library platform sonames): builds the library with these settings and installs it in
+# WORK/library. All use one build folder, so that the second and the third are only linked.
 function(build library platform sonames)
     execute_process(COMMAND ${CMAKE_COMMAND} -S ${SOURCE} -B ${WORK}/library -G ${GENERATOR}
                             -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_BUILD_TYPE=Debug

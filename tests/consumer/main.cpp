@@ -1,5 +1,4 @@
-// What an application does first with the installed package, and what the platform under the
-// library makes of it.
+// A small application of the installed package. It prints what the platform reports.
 #include <debug.h>
 #include <mcumanager.h>
 #include <mcuradiointerface.h>

@@ -1,8 +1,8 @@
-// Fuzz target: a factory station that starts, stops and sends chunks as the input says. What comes
-// of each step is compared with a plain model, which keeps every byte and searches it anew, and
-// reads from dids.txt what each packet does.
+// Fuzz target: a factory station that starts, stops and sends chunks as the input says. The effects
+// of each step are compared with a simple model, which searches all stored bytes in each step and
+// reads the action of each packet from dids.txt.
 //
-// The input is a row of steps: byte 0 stops, byte 1 starts, byte n sends the next n - 2 bytes.
+// The input is a sequence of steps: byte 0 stops, byte 1 starts, byte n sends the next n - 2 bytes.
 #include "autotesthandler.h"
 #include "linksubstitute.h"
 #include "mcuservice.h"
@@ -17,7 +17,7 @@
 
 namespace {
 
-/// The actions of dids.txt by the beginnings of packets.
+/// The actions of dids.txt by type and DID of the packet.
 QHash<QString, QString> readActions()
 {
     QFile file(DIDS);
@@ -29,7 +29,7 @@ QHash<QString, QString> readActions()
     return rows;
 }
 
-/// An action for a packet; nothing when it needs a payload that is not there.
+/// The action with the values of a packet; empty if it needs a payload and there is none.
 QStringList filled(QString action, const QByteArray &packet)
 {
     if (action.isEmpty() || (action.contains("tail") && packet.size() < 7))
@@ -43,7 +43,7 @@ QStringList filled(QString action, const QByteArray &packet)
     return {action.replace("tail", testkit::show(packet.mid(6, packet.size() - 7)))};
 }
 
-/// A packet as it stands on standard error.
+/// A packet as it is written to standard error.
 QString traffic(const char *mark, const QByteArray &packet)
 {
     return mark + QString::fromLatin1(' ' + packet.toHex(' ').toUpper());
@@ -55,8 +55,8 @@ QString sent(const QByteArray &packet)
     return testkit::show("sendAutoTestPkgToMcu", {packet.size(), packet});
 }
 
-/// Says what comes of each step: the last line logged, the traffic on standard error, what
-/// applications and the station receive.
+/// Computes the effects of each step: the last log line, the packets on standard error, the signals
+/// and the packets to the station.
 class Model {
 public:
     QStringList play(int step, const QByteArray &chunk)
@@ -97,7 +97,7 @@ private:
         const QByteArray payload = packet.mid(5, packet.size() - 6);
         const QByteArray first = did + ':' + payload.left(1).toHex();
         const bool isKnown = actions.contains(did);
-        // The type is logged, then a DID that nobody knows, or the adapter that is chosen.
+        // The last number in the log is the type, or an unknown DID, or the selected adapter.
         const bool isLogged = !isKnown && (type == "21" || type == "22" || type == "2e");
         const int offset = isLogged ? 4 : did == "2e:f4" ? 5 : 3;
         const int logged = offset < packet.size() ? quint8(packet[offset]) : 0;
@@ -117,7 +117,7 @@ private:
     QByteArray m_stream;
 };
 
-/// A handler of the factory test, bound to the substitute link through the facade.
+/// A handler of the factory test, connected to the substitute link through the facade.
 class Station {
 public:
     Station()
@@ -166,7 +166,7 @@ void run(const QByteArray &input)
         next += chunk.size();
         QStringList received = station.play(step, chunk);
         QStringList expected = model.play(step, chunk);
-        // What the audio settings do is seen elsewhere.
+        // The effects of the audio settings are tested elsewhere (scripts/audiosettings.txt).
         if (expected.last() == sent(testkit::packetOf("6e:f7:0001"))) {
             received = received.mid(received.size() - 1);
             expected = expected.mid(expected.size() - 1);

@@ -1,6 +1,6 @@
-// Runs the fuzz target without a fuzzer, the same on every run: over every file of a folder, over
-// every packet with a short payload, then over streams of whole and broken packets in chunks of
-// random lengths.
+// Runs the fuzz target without a fuzzer, with the same inputs on every run: every file of a folder,
+// every packet with a short payload, and streams of complete and broken packets in chunks of random
+// lengths.
 #include "packettext.h"
 
 #include <QDir>
@@ -43,7 +43,7 @@ void replayEveryPacket()
     }
 }
 
-/// A packet, whole or with a wrong byte, or a piece of one.
+/// A complete packet, a packet with a wrong byte, or a part of a packet.
 QByteArray anyPiece(QRandomGenerator &random)
 {
     static const QByteArrayList pieces =

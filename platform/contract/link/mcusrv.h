@@ -452,7 +452,7 @@ Q_SIGNALS:
                            int dso, int rotary, int bassboost);
     /// USB power. Any status means that the over-current warning is shown.
     void usbPowerStatusSgl(int status);
-    /// A key: state 0 is pressed, all else released.
+    /// A key: state 0 is pressed, any other released.
     void keyEventSgl(int key, int state);
     /// Destination code and demo mode.
     void syncDestCodeSgl(int dest, int demo);

@@ -17,6 +17,7 @@ public:
     void onEvent(int event);
 
 Q_SIGNALS:
-    /// A key for the factory key test: state 0 pressed, 1 released; kind 1 is a panel key.
+    /// A key for the factory key test: state 0 pressed, 1 released, 2 held; kind 0 is a wheel key,
+    /// 1 a panel key.
     void keyEventForAutotest(int key, int state, int kind);
 };
