@@ -198,7 +198,9 @@ void JsonLinesFile::readMetadata()
         }
         allowKeys(metadata, QStringList("version") + m_metadataKeys);
         m_metadata = {readText(metadata, "description"), readFlag(metadata, "recording"),
-                      readFlag(metadata, "end")};
+                      readFlag(metadata, "end"), readFlag(metadata, "live")};
+        if (m_metadata.live && !m_metadata.recording)
+            throw Refusal("\"live\" expects a \"recording\"");
         m_hasMetadata = true;
     } catch (const Refusal &refusal) {
         throw located(refusal);

@@ -57,6 +57,8 @@ public:
         bool recording = false;
         /// A recording that closes with an end mark, so that a cut one is noticed.
         bool end = false;
+        /// A recording of a real application, by the real clock.
+        bool live = false;
     };
 
     virtual ~JsonLinesFile();

@@ -62,7 +62,8 @@ Event readEvent(const Catalogue &names, const QJsonObject &line)
 }
 
 ScenarioFile::ScenarioFile(const Catalogue &names, const QString &path, GoOn goOn)
-    : JsonLinesFile(path, std::move(goOn), {"description", "recording", "end"}), m_names(names)
+    : JsonLinesFile(path, std::move(goOn), {"description", "recording", "end", "live"}),
+      m_names(names)
 {
 }
 
@@ -115,6 +116,8 @@ QByteArray writtenMetadata(const JsonLinesFile::Metadata &metadata)
     QByteArray line = R"({"metadata":{"version":1,)";
     if (metadata.recording)
         line += R"("recording":true,)";
+    if (metadata.live)
+        line += R"("live":true,)";
     if (metadata.end)
         line += R"("end":true,)";
     return line + R"("description":)" + writtenValue({metadata.description}) + "}}";
