@@ -1,5 +1,6 @@
 // The simulator: what it refuses to read, how it judges what came back, how it plays and how it
 // ends.
+#include "livejudge.h"
 #include "player.h"
 #include "scenario.h"
 #include "stationsequence.h"
@@ -9,6 +10,7 @@
 #include <QFile>
 #include <QJsonDocument>
 #include <QProcess>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -60,6 +62,21 @@ const Catalogue &names()
 const QByteArray metadata = R"({"metadata":{"version":1,"description":"test"}})";
 
 const QByteArray fine = R"({"timestamp":2,"name":"shallowSleepSgl"})";
+
+/// The event of a word in a judged row.
+Event eventOf(const QString &word)
+{
+    const QString value = word.section(':', 1);
+    Event event =
+        value.isEmpty()   ? names().read(Kind::Report, "stwAdcValue", 0)
+        : value[0] == 'v' ? names().read(Kind::Command, "SetVolume", value.mid(1).toInt())
+        : value[0] == 'u'
+            ? names().read(Kind::Signal, "McuService.syncHuInforUpdate", QString("0x0") + value[1])
+        : value == "init" ? names().read(Kind::Command, "init", QJsonValue::Undefined)
+                          : names().read(Kind::Signal, "McuService.keyPressed", value.toInt());
+    event.time = word.mid(1).section(':', 0, 0).toInt();
+    return event;
+}
 
 template <typename File>
 void readAll(File &&file)
@@ -151,22 +168,23 @@ private Q_SLOTS:
     void judgesWhatCameBack()
     {
         for (const Row &row : rows("judged")) {
-            Judge judge(row.what.startsWith("recording "));
+            const bool isLive = row.what.startsWith("live ");
+            Judge exact(row.what.startsWith("recording "));
+            LiveJudge live({});
+            Judge &judge = isLive ? live : exact;
             int line = 1;
-            for (const QString &word : row.what.split(' ')) {
-                const bool isInput = word[0] == 'i';
-                Event event = names().read(isInput ? Kind::Report : Kind::Signal,
-                                           isInput ? "stwAdcValue" : "McuService.keyPressed",
-                                           word.section(':', 1).toInt());
-                event.time = word.mid(1).section(':', 0, 0).toInt();
+            for (const QString &word :
+                 row.what.split(' ').filter(QRegularExpression("^[ehi]\\d"))) {
+                Event event = eventOf(word);
                 event.line = word[0] == 'e' ? ++line : 0;
                 if (event.line > 0)
                     judge.expect(event);
-                else if (isInput || word[0] == 'h')
+                else
                     judge.hear(event);
             }
-            judge.finish(row.what.endsWith("cut"));
-            QCOMPARE(judge.faults().join('|').replace("McuService.keyPressed", "key"), row.outcome);
+            judge.finish(isLive ? 9000 : 0, row.what.endsWith("cut"));
+            QCOMPARE((judge.faults() + judge.notes()).join('|').replace("McuService.", ""),
+                     row.outcome);
             QCOMPARE(judge.isSurplus(), row.what.endsWith("cut"));
         }
     }

@@ -37,10 +37,9 @@ void Judge::expect(const Event &event)
         if (!m_unrecorded.empty())
             came = m_unrecorded.front();
         if (!came || came->time != event.time || !came->sameAs(event))
-            return addFault(event, came);
+            return addFault(event, came, 0);
         m_unrecorded.pop_front();
-        m_lastMet = event.line;
-        ++m_met;
+        addMet(event);
     }
 }
 
@@ -49,7 +48,7 @@ void Judge::hear(const Event &event)
     if (event.isInput()) {
         // A recording has all earlier outputs before an input.
         if (!m_unrecorded.empty() && m_failed == 0)
-            addFault({}, m_unrecorded.front());
+            addFault({}, m_unrecorded.front(), m_lastMet);
         return;
     }
     if (!m_isRecording) {
@@ -62,21 +61,18 @@ void Judge::hear(const Event &event)
     for (Fault &fault : m_faults) {
         if (m_isRecording && !fault.received)
             fault.received = event;
-        compare(fault, event);
     }
-    m_recent.push_back(event);
-    if (m_recent.size() > keptOutputs)
-        m_recent.pop_front();
+    remember(event);
 }
 
-void Judge::finish(bool mayBeCut)
+void Judge::finish(qint64, bool mayBeCut)
 {
     closeMoment();
     if (m_unrecorded.empty() || m_failed > 0)
         return;
     m_isSurplus = mayBeCut;
     if (!mayBeCut)
-        addFault({}, m_unrecorded.front());
+        addFault({}, m_unrecorded.front(), m_lastMet);
 }
 
 QStringList Judge::faults() const
@@ -84,13 +80,14 @@ QStringList Judge::faults() const
     QStringList lines;
     for (const Fault &fault : m_faults) {
         const QString received = fault.received ? text(*fault.received) : "nothing";
-        QString line = "after line " + QString::number(m_lastMet) + ": received " + received +
+        QString line = "after line " + QString::number(fault.after) + ": received " + received +
                        ", which is not recorded there";
         if (fault.expected.what) {
             line = "line " + QString::number(fault.expected.line) + ": expected " +
                    text(fault.expected) + ", received " + received;
         }
-        if (fault.nearest && fault.nearest->time == fault.expected.time)
+        if (fault.nearest && (fault.nearest->time == fault.expected.time ||
+                              (fault.received && fault.received->sameAs(fault.expected))))
             line += "; it came, but not in this place";
         else if (fault.nearest)
             line += "; nearest at " + seconds(fault.nearest->time);
@@ -133,7 +130,7 @@ void Judge::closeMoment()
     for (const Event &event : m_expected) {
         const quint64 wanted = fingerprint(event);
         if (left.value(wanted) == 0) {
-            addFault(event, {});
+            addFault(event, {}, 0);
             continue;
         }
         quint64 used = 0;
@@ -148,14 +145,29 @@ void Judge::closeMoment()
     m_used = m_searched = 0;
 }
 
-void Judge::addFault(const Event &expected, const std::optional<Event> &received)
+void Judge::addMet(const Event &expected)
+{
+    m_lastMet = expected.line;
+    ++m_met;
+}
+
+void Judge::addFault(const Event &expected, const std::optional<Event> &received, int after)
 {
     ++m_failed;
     if (m_faults.size() == shownFaults)
         return;
-    m_faults.push_back({expected, received, {}});
+    m_faults.push_back({expected, received, {}, after});
     for (const Event &output : m_recent)
         compare(m_faults.back(), output);
+}
+
+void Judge::remember(const Event &output)
+{
+    for (Fault &fault : m_faults)
+        compare(fault, output);
+    m_recent.push_back(output);
+    if (m_recent.size() > keptOutputs)
+        m_recent.pop_front();
 }
 
 /// Notes what comes closest to what was expected.

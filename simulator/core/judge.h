@@ -18,12 +18,14 @@ class Judge : public Sink {
 public:
     explicit Judge(bool recording) : m_isRecording(recording) {}
 
+    /// How long after a moment what belongs there may still come.
+    virtual qint64 tolerance() const { return 0; }
     /// The next expected line; what comes before its moment has come.
-    void expect(const Event &event);
+    virtual void expect(const Event &event);
     void hear(const Event &event) override;
-    /// Nothing more comes. Whether what came after the last line of a recording is no fault, since
-    /// lines may be missing there.
-    void finish(bool mayBeCut);
+    /// Nothing more comes; until this moment all lines are read and have had their time. Whether
+    /// what came after the last line of a recording is no fault, since lines may be missing there.
+    virtual void finish(qint64 until, bool mayBeCut);
 
     qint64 met() const { return m_met; }
     qint64 failed() const { return m_failed; }
@@ -32,18 +34,27 @@ public:
     bool isSurplus() const { return m_isSurplus; }
     /// A line for each of the first faults and one for the number of the others.
     QStringList faults() const;
+    /// A line for each thing that was not compared.
+    virtual QStringList notes() const { return {}; }
+
+protected:
+    void addMet(const Event &expected);
+    /// `after` is the line after which something came that is not recorded there.
+    void addFault(const Event &expected, const std::optional<Event> &received, int after);
+    /// Compares an output with the faults, and those that follow with it.
+    void remember(const Event &output);
 
 private:
     struct Fault {
         Event expected;                ///< or nothing, when something came that is not recorded
         std::optional<Event> received; ///< in its place
         std::optional<Event> nearest;  ///< the same as expected at the nearest time
+        int after = 0;
     };
 
     void moveTo(qint64 moment);
     void match();
     void closeMoment();
-    void addFault(const Event &expected, const std::optional<Event> &received);
     void compare(Fault &fault, const Event &output) const;
 
     bool m_isRecording;

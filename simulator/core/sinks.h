@@ -50,9 +50,10 @@ public:
 
     /// To whom, or null for nobody.
     void setSink(Sink *sink) { m_sink = sink; }
+    bool has(const Event &event) const { return m_shown.contains(event.what); }
     void hear(const Event &event) override
     {
-        if (m_sink && m_shown.contains(event.what))
+        if (m_sink && has(event))
             m_sink->hear(event);
     }
 

@@ -16,6 +16,7 @@ struct Command {
 constexpr Command commands[]{
     {"play", "plays scenarios and shows what applications and the link receive",
      mcusim::playCommand},
+    {"verify", "plays recordings at full speed and compares what comes", mcusim::verifyCommand},
     {"list", "shows all names that a scenario can use, or one of them in full",
      mcusim::listCommand},
     {"station", "a factory test station: sends packets, runs test sequences",

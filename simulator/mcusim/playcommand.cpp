@@ -1,8 +1,9 @@
-// mcusim play: plays scenarios and says whether what was expected came back.
+// mcusim play and mcusim verify: play scenarios and say whether what was expected came back.
 #include "bench.h"
 #include "commandline.h"
 #include "verdicts.h"
 
+#include "livejudge.h"
 #include "player.h"
 #include "printer.h"
 #include "scenario.h"
@@ -20,8 +21,10 @@ namespace {
 constexpr qint64 noEnd = std::numeric_limits<qint64>::max() / 2;
 /// How long the library's timers go on after the last input.
 constexpr qint64 afterLastInput = 1000;
+/// Below the heads of a summary.
+constexpr int indent = 10;
 
-const CommandLine::Usage usage{
+const CommandLine::Usage playUsage{
     "play",
     "FILE...",
     "Plays scenarios and compares what they expect. \"-\" is standard input.",
@@ -39,6 +42,31 @@ const CommandLine::Usage usage{
      {"check", nullptr, "Only read the files."},
      {"reader-thread", nullptr, "Report from the link's own thread; the output is the same."},
      {"log", nullptr, "Show what the library logs on standard error."}}};
+
+const CommandLine::Usage verifyUsage{
+    "verify",
+    "FILE...",
+    "Plays recordings without waiting and compares what comes. \"-\" is standard input.",
+    {{"tolerance", "SECONDS", "How far off a moment of a live recording may be (0.5)."},
+     {"except", "GLOB", "Do not compare names, classes or kinds like this; repeats.", true},
+     {"junit", "FILE", "Write the verdicts as JUnit XML."},
+     {"log", nullptr, "Show what the library logs on standard error."}}};
+
+/// How a file is played, and what is shown of it.
+struct Settings {
+    double speed = 0; ///< 0 does not wait
+    qint64 from = 0;
+    qint64 to = noEnd;
+    int loops = 1;
+    SubstitutePlatform::Reports reports = SubstitutePlatform::Reports::MainThread;
+    enum { Lines, Json, Summary, Verdict } output = Verdict;
+    bool isWide = false;
+    bool isAlone = true; ///< without other files
+    QStringList only;
+    QStringList except;
+    qint64 tolerance = LiveJudge::usualTolerance;
+    QStringList notCompared;
+};
 
 /// The progress of a quiet play, on the terminal.
 class Progress {
@@ -75,27 +103,31 @@ private:
 /// One file, played in a process that has played nothing before.
 class Play {
 public:
-    Play(const CommandLine &line, const QString &path);
+    Play(const Settings &settings, const QString &path);
 
     int run(JUnitFile &junit);
 
 private:
-    bool isWhole() const { return !m_line.isSet("only") && !m_line.isSet("except") && m_from == 0; }
+    bool isWhole() const
+    {
+        return m_settings.only.isEmpty() && m_settings.except.isEmpty() && m_settings.from == 0;
+    }
+    std::unique_ptr<Judge> makeJudge() const;
     std::optional<Event> next();
     bool playAll();
     qint64 lastMoment() const;
+    void printVerdict();
     void printSummary(qint64 elapsed);
+    void printFaults();
 
-    const CommandLine &m_line;
-    qint64 m_from;
-    qint64 m_to;
-    int m_loops;
+    Settings m_settings;
     bool m_isJson;
     Progress m_progress;
     Bench m_bench;
     ScenarioFile m_file;
     Counters m_counters;
-    Judge m_judge;
+    std::unique_ptr<Judge> m_judge;
+    Filter m_compared;
     Printer m_printer;
     std::optional<Recorder> m_recorder;
     Filter m_filter;
@@ -105,66 +137,78 @@ private:
     qint64 m_passBegan = 0;
 };
 
-Play::Play(const CommandLine &line, const QString &path)
-    : m_line(line), m_from(line.moment("from", 0)), m_to(line.moment("to", noEnd)),
-      m_loops(line.count("loop", 1)), m_isJson(line.isSet("json")),
-      m_progress(line.isSet("quiet") || (m_isJson && !isatty(STDOUT_FILENO))),
-      m_bench(line.isSet("reader-thread") ? SubstitutePlatform::Reports::ReaderThread
-                                          : SubstitutePlatform::Reports::MainThread,
-              [this](qint64 now) { m_progress.show(now, m_file.portion()); }),
-      m_file(m_bench.names, path, [] { return !wasInterrupted(); }),
-      // Played again and again a recording no longer comes back whole.
-      m_judge(m_file.metadata().recording && m_loops == 1),
+Play::Play(const Settings &settings, const QString &path)
+    : m_settings(settings), m_isJson(settings.output == Settings::Json),
+      m_progress(settings.output >= Settings::Summary || (m_isJson && !isatty(STDOUT_FILENO))),
+      m_bench(settings.reports, [this](qint64 now) { m_progress.show(now, m_file.portion()); }),
+      m_file(m_bench.names, path, [] { return !wasInterrupted(); }), m_judge(makeJudge()),
+      m_compared(m_bench.names, {}, settings.notCompared),
       // A recording has standard output for itself.
-      m_printer(m_isJson ? console() : stdout, {line.isSet("wide") ? 0 : terminalWidth(),
+      m_printer(m_isJson ? console() : stdout, {settings.isWide ? 0 : terminalWidth(),
                                                 showsColour(m_isJson ? console() : stdout)}),
-      m_filter(m_bench.names, line.values("only"), line.values("except")),
-      m_player([this] { return next(); }, m_bench.simulation, &m_judge)
+      m_filter(m_bench.names, settings.only, settings.except),
+      m_player([this] { return next(); }, m_bench.simulation, m_judge.get())
 {
-    if (!m_file.isRegular() && m_loops != 1)
+    if (!m_file.isRegular() && m_settings.loops != 1)
         throw Refusal(m_file.name() + ": --loop expects a file that can be read again");
     readAhead(m_file);
+}
+
+std::unique_ptr<Judge> Play::makeJudge() const
+{
+    const bool isOnce = m_settings.loops == 1;
+    if (m_file.metadata().live)
+        return std::make_unique<LiveJudge>(LiveJudge::Rules{m_settings.tolerance, isOnce, false});
+    // Played again and again a recording no longer comes back whole.
+    return std::make_unique<Judge>(m_file.metadata().recording && isOnce);
 }
 
 int Play::run(JUnitFile &junit)
 {
     QElapsedTimer elapsed;
     elapsed.start();
-    if (!m_line.isSet("fast"))
+    if (m_settings.speed > 0)
         std::setvbuf(stdout, nullptr, _IOLBF, 0); // each line when it comes
-    if (m_line.operands().size() > 1)
+    if (!m_settings.isAlone && m_settings.output != Settings::Verdict)
         m_printer.print('\n' + m_file.name());
     if (m_isJson)
         m_shown = &m_recorder.emplace(
             stdout, JsonLinesFile::Metadata{m_file.metadata().description, isWhole(), isWhole()});
-    else if (!m_line.isSet("quiet"))
+    else if (m_settings.output == Settings::Lines)
         m_shown = &m_printer;
-    m_filter.setSink(m_from > 0 ? nullptr : m_shown);
-    for (Sink *sink : std::initializer_list<Sink *>{&m_counters, &m_judge, &m_filter})
+    m_filter.setSink(m_settings.from > 0 ? nullptr : m_shown);
+    m_compared.setSink(m_judge.get());
+    for (Sink *sink : std::initializer_list<Sink *>{&m_counters, &m_compared, &m_filter})
         m_bench.simulation.addSink(sink);
 
     m_bench.simulation.start();
     const bool isAll = playAll();
     const bool isAtEnd = isAll && !m_player.next();
-    m_judge.finish(!isAtEnd || !m_file.hasEnded());
+    m_judge->finish(m_bench.time.now() - m_judge->tolerance(), !isAtEnd || !m_file.hasEnded());
     if (m_recorder && isAll)
         m_recorder->finish(m_bench.time.now());
     m_progress.clear();
     if (isAtEnd && m_file.isCut() && !m_file.isRegular())
         complain("warning: " + m_file.warning());
-    if (isAtEnd && !m_file.isCut() && m_judge.isSurplus())
+    if (isAtEnd && !m_file.isCut() && m_judge->isSurplus())
         complain("warning: " + m_file.name() +
                  ": more comes than is recorded; its end may be missing");
-    printSummary(elapsed.elapsed());
-    junit.write(m_file.name(), {{m_file.name(), m_bench.time.now(), m_judge.faults()}});
-    return wasInterrupted() ? Interrupted : m_judge.passed() ? Passed : Failed;
+    if (m_settings.output == Settings::Verdict)
+        printVerdict();
+    else
+        printSummary(elapsed.elapsed());
+    junit.write(m_file.name(), {{m_file.name(), m_bench.time.now(), m_judge->faults()}});
+    return wasInterrupted() ? Interrupted : m_judge->passed() ? Passed : Failed;
 }
 
 /// The events of the file, over and over if asked for, each time a second after the last.
 std::optional<Event> Play::next()
 {
     std::optional<Event> event = m_file.next();
-    while (event ? m_pass > 1 && !event->isInput() : m_pass != m_loops && !wasInterrupted()) {
+    const auto isLeftOut = [this](const Event &read) {
+        return !read.isInput() && (m_pass > 1 || !m_compared.has(read));
+    };
+    while (event ? isLeftOut(*event) : m_pass != m_settings.loops && !wasInterrupted()) {
         if (!event) {
             ++m_pass;
             m_passBegan += m_file.time() + afterLastInput;
@@ -180,27 +224,50 @@ std::optional<Event> Play::next()
 /// False when it was stopped before its end.
 bool Play::playAll()
 {
-    if (m_from > 0) {
-        if (!m_player.seek(m_from) || !m_bench.time.advanceTo(m_from - 1))
+    if (m_settings.from > 0) {
+        if (!m_player.seek(m_settings.from) || !m_bench.time.advanceTo(m_settings.from - 1))
             return false;
         m_filter.setSink(m_shown);
     }
-    m_bench.time.setSpeed(m_line.isSet("fast") ? 0 : m_line.number("speed", 1));
-    if (!m_player.run(m_to))
+    m_bench.time.setSpeed(m_settings.speed);
+    if (!m_player.run(m_settings.to))
         return false;
-    return m_bench.time.advanceTo(m_player.next() ? m_to : std::min(m_to, lastMoment()));
+    return m_bench.time.advanceTo(m_player.next() ? m_settings.to
+                                                  : std::min(m_settings.to, lastMoment()));
 }
 
 qint64 Play::lastMoment() const
 {
     if (m_file.metadata().recording && (m_file.isCut() || m_file.hasEnded()))
-        return m_file.time() + m_passBegan;
+        return m_file.time() + m_passBegan + m_judge->tolerance();
     return std::max(m_player.position(), m_player.lastInput() + afterLastInput);
+}
+
+/// One line and, below it, what is to be said of it.
+void Play::printVerdict()
+{
+    const bool isEmpty = m_judge->met() == 0 && m_judge->passed();
+    if (isEmpty && !m_file.metadata().recording && !wasInterrupted())
+        throw Refusal(m_file.name() + ": expected lines to verify, such as those of a recording");
+    m_printer.print(m_file.name() + ": " +
+                        (wasInterrupted()    ? "interrupted, "
+                         : m_judge->passed() ? "passed, "
+                                             : "failed, ") +
+                        (isEmpty ? "nothing" : counted(m_judge->met(), "line")) + " came back",
+                    2, m_judge->passed() ? "32" : "31");
+    for (const QString &note : m_judge->notes())
+        m_printer.print("  " + note, 4);
+    printFaults();
+}
+
+void Play::printFaults()
+{
+    for (const QString &fault : m_judge->faults())
+        m_printer.print("FAILED    " + fault, indent, "31");
 }
 
 void Play::printSummary(qint64 elapsed)
 {
-    constexpr int indent = 10;
     const auto print = [this](const QString &text) { m_printer.print(text, indent); };
     const auto count = [this](Kind kind, const char *thing) {
         return counted(m_counters.count(kind), thing);
@@ -223,13 +290,14 @@ void Play::printSummary(qint64 elapsed)
               names.join(", "));
     if (m_printer.wasCut())
         print("Lines are cut to the width of the terminal; --wide shows all.");
-    if (m_judge.met() > 0 || !m_judge.passed())
-        print("Expected  " + counted(m_judge.met(), "line") + " came back");
-    for (const QString &fault : m_judge.faults())
-        m_printer.print("FAILED    " + fault, indent, "31");
+    if (m_judge->met() > 0 || !m_judge->passed())
+        print("Expected  " + counted(m_judge->met(), "line") + " came back");
+    for (const QString &note : m_judge->notes())
+        print(note);
+    printFaults();
     if (wasInterrupted())
         print("Interrupted");
-    else if (m_judge.passed() && m_judge.met() > 0)
+    else if (m_judge->passed() && m_judge->met() > 0)
         m_printer.print("Passed", indent, "32");
 }
 
@@ -244,39 +312,70 @@ int checkFile(const QString &path)
 }
 
 /// Refuses what does not go together.
-void checkOptions(const CommandLine &line)
+Settings readPlaySettings(const CommandLine &line)
 {
     line.expectOperands(1, std::numeric_limits<int>::max(), "at least one file");
     line.exclude({"speed", "fast"});
     line.exclude({"quiet", "json", "wide"});
     for (const char *option : {"only", "except"})
         line.exclude({"quiet", option});
-    for (const CommandLine::Option &option : usage.options) {
+    for (const CommandLine::Option &option : playUsage.options) {
         if (qstrcmp(option.name, "check") != 0)
             line.exclude({"check", option.name});
     }
-    line.number("speed", 1);
-    line.count("loop", 1);
-    if (line.moment("to", noEnd) < line.moment("from", 0))
+    Settings settings;
+    const double speed = line.number("speed", 1);
+    settings.speed = line.isSet("fast") ? 0 : speed;
+    settings.from = line.moment("from", 0);
+    settings.to = line.moment("to", noEnd);
+    settings.loops = line.count("loop", 1);
+    if (line.isSet("reader-thread"))
+        settings.reports = SubstitutePlatform::Reports::ReaderThread;
+    settings.output = line.isSet("json")    ? Settings::Json
+                      : line.isSet("quiet") ? Settings::Summary
+                                            : Settings::Lines;
+    settings.isWide = line.isSet("wide");
+    settings.isAlone = line.operands().size() == 1;
+    settings.only = line.values("only");
+    settings.except = line.values("except");
+    if (settings.to < settings.from)
         line.refuse("--to expects a moment after --from");
-    if (line.operands().size() > 1 && (line.isSet("json") || line.isSet("loop")))
+    if (!settings.isAlone && (line.isSet("json") || line.isSet("loop")))
         line.refuse("--json and --loop take one file");
+    return settings;
+}
+
+int playEach(const CommandLine &line, const Settings &settings, JUnitFile &junit)
+{
+    if (!line.isSet("log"))
+        silenceLibrary();
+    return runEach(line.operands(), junit,
+                   [&](const QString &path) { return Play(settings, path).run(junit); });
 }
 
 } // namespace
 
 int playCommand(const QStringList &arguments)
 {
-    const CommandLine line(arguments, usage);
-    checkOptions(line);
+    const CommandLine line(arguments, playUsage);
+    const Settings settings = readPlaySettings(line);
     noteInterrupts();
     JUnitFile junit(line.value("junit"));
     if (line.isSet("check"))
         return runEach(line.operands(), junit, checkFile);
-    if (!line.isSet("log"))
-        silenceLibrary();
-    return runEach(line.operands(), junit,
-                   [&](const QString &path) { return Play(line, path).run(junit); });
+    return playEach(line, settings, junit);
+}
+
+int verifyCommand(const QStringList &arguments)
+{
+    const CommandLine line(arguments, verifyUsage);
+    line.expectOperands(1, std::numeric_limits<int>::max(), "at least one file");
+    Settings settings;
+    settings.tolerance = line.moment("tolerance", settings.tolerance);
+    settings.notCompared = line.values("except");
+    noteInterrupts();
+    JUnitFile junit(line.value("junit"));
+    return playEach(line, settings, junit);
 }
 
 } // namespace mcusim
