@@ -12,6 +12,11 @@ namespace mcusim {
 int playCommand(const QStringList &arguments);
 int verifyCommand(const QStringList &arguments);
 int listCommand(const QStringList &arguments);
+int runCommand(const QStringList &arguments);
+int psCommand(const QStringList &arguments);
+int monitorCommand(const QStringList &arguments);
+int sendCommand(const QStringList &arguments);
+int recordCommand(const QStringList &arguments);
 int stationCommand(const QStringList &arguments);
 int updatesCommand(const QStringList &arguments);
 int textCommand(const QStringList &arguments);

@@ -18,6 +18,15 @@ QJsonValue readValue(const QString &word, const Parameter &parameter)
     return isBare || json.array().size() != 1 ? QJsonValue(word) : json.array().first();
 }
 
+/// The kind of inputs with a key, or null.
+const KindInfo *inputKind(const QString &key)
+{
+    const auto *kind = std::find_if(std::begin(kinds), std::end(kinds), [&key](const auto &known) {
+        return known.isInput && key == QLatin1String(known.key);
+    });
+    return kind == std::end(kinds) ? nullptr : kind;
+}
+
 /// The inputs of a name, all of one kind.
 QVector<const Signature *> inputsOf(const Catalogue &names, const QString &name,
                                     const KindInfo *only)
@@ -75,17 +84,23 @@ QStringList wordsOf(const QString &line)
     return words;
 }
 
+bool isInput(const Catalogue &names, const QStringList &words)
+{
+    const QString name = words.value(inputKind(words.value(0)) ? 1 : 0);
+    const auto &all = names.all();
+    return std::any_of(all.begin(), all.end(), [&name](const auto &signature) {
+        return info(signature.kind).isInput &&
+               (signature.name == name || signature.shortName() == name);
+    });
+}
+
 Event readInput(const Catalogue &names, const QStringList &words)
 {
-    const auto *kind =
-        std::find_if(std::begin(kinds), std::end(kinds), [&words](const auto &known) {
-            return known.isInput && words.value(0) == QLatin1String(known.key);
-        });
-    const bool isNamed = kind != std::end(kinds);
-    const QString name = words.value(isNamed ? 1 : 0);
-    const QStringList given = words.mid(isNamed ? 2 : 1);
+    const KindInfo *kind = inputKind(words.value(0));
+    const QString name = words.value(kind ? 1 : 0);
+    const QStringList given = words.mid(kind ? 2 : 1);
     QJsonArray values;
-    const QVector<const Signature *> found = inputsOf(names, name, isNamed ? kind : nullptr);
+    const QVector<const Signature *> found = inputsOf(names, name, kind);
     for (const Signature *signature : found) {
         values = {};
         Event event{0, signature, {}, 0};

@@ -26,6 +26,7 @@ namespace mcusim {
 namespace {
 
 constexpr int protocol = 1;
+constexpr int interval = 200; ///< between looks at what interrupts
 
 QString socketFolder()
 {
@@ -70,23 +71,29 @@ QVector<LiveProcess> liveProcesses(Leftovers leftovers)
     return found;
 }
 
-LiveProcess findProcess(const QString &name)
+QVector<LiveProcess> processesNamed(const QString &name)
 {
-    const QVector<LiveProcess> all = liveProcesses();
     QVector<LiveProcess> found;
-    for (const LiveProcess &process : all) {
+    for (const LiveProcess &process : liveProcesses()) {
         if (name.isEmpty() || name == process.name || name == process.text() ||
             name == QString::number(process.pid))
             found.append(process);
     }
+    return found;
+}
+
+LiveProcess findProcess(const QString &name)
+{
+    const QVector<LiveProcess> found = processesNamed(name);
     if (found.size() == 1)
         return found.first();
+    if (found.size() > 1)
+        throw Refusal("expected one of several applications: " + listed(found));
+    const QVector<LiveProcess> all = liveProcesses();
     if (all.isEmpty())
         throw Refusal("no application runs with the probe; `mcusim run -- PROGRAM` starts one");
-    if (found.isEmpty())
-        throw Refusal("no application " + excerpt(name) + " runs with the probe, but " +
-                      listed(all));
-    throw Refusal("expected the name of one application of " + listed(found));
+    throw Refusal("no application " + excerpt(name) + " runs with the probe; there is " +
+                  listed(all));
 }
 
 LiveClient::LiveClient(const Catalogue &names, const LiveProcess &process)
@@ -145,7 +152,7 @@ int LiveClient::send(const QByteArray &line)
             m_unsent.remove(0, int(sent));
         else if (errno != EAGAIN && errno != EINTR)
             break; // reading tells that it has ended
-        else if (waitFor(POLLIN | POLLOUT, -1))
+        else if (waitFor(POLLIN | POLLOUT, interval))
             fill(); // so that neither side waits for the other
     }
     return ++m_sent;
@@ -155,7 +162,7 @@ QString LiveClient::ask(const QByteArray &line)
 {
     const int number = send(line);
     while (m_answered < number && !wasInterrupted()) {
-        if (!receive(-1))
+        if (!receive(interval))
             throw Refusal(m_process.text() + " has ended");
     }
     return m_why;
@@ -163,6 +170,8 @@ QString LiveClient::ask(const QByteArray &line)
 
 void LiveClient::limitTo(const QStringList &only, const QStringList &except)
 {
+    if (only.isEmpty() && except.isEmpty())
+        return;
     const QJsonObject filter{{"only", QJsonArray::fromStringList(only)},
                              {"except", QJsonArray::fromStringList(except)}};
     m_isMuted = true;
@@ -179,12 +188,8 @@ bool LiveClient::receive(int milliseconds)
     bool isTold = m_lines.next(&line);
     if (!isTold && !m_hasEnded && waitFor(POLLIN, milliseconds) && fill())
         isTold = m_lines.next(&line);
-    try {
-        for (; isTold; isTold = m_lines.next(&line))
-            take(line);
-    } catch (const Refusal &refusal) {
-        throw Refusal(m_process.text() + ": " + refusal.text());
-    }
+    for (; isTold; isTold = m_lines.next(&line))
+        take(line);
     return !m_hasEnded;
 }
 
@@ -207,7 +212,7 @@ bool LiveClient::fill()
 
 void LiveClient::take(const QByteArray &line)
 {
-    const QJsonObject object = readObject(line);
+    const QJsonObject object = QJsonDocument::fromJson(line).object();
     if (m_metadata.isEmpty()) {
         m_metadata = object.value(QLatin1String("metadata")).toObject();
     } else if (object.contains(QLatin1String("missed"))) {
@@ -215,7 +220,7 @@ void LiveClient::take(const QByteArray &line)
             onMissed(qint64(object.value(QLatin1String("missed")).toDouble()));
     } else if (object.contains(QLatin1String("ok")) || object.contains(QLatin1String("refused"))) {
         m_answered = object.value(QLatin1String("ok")).toInt(object.value("refused").toInt());
-        m_why = readText(object, "why");
+        m_why = object.value(QLatin1String("why")).toString();
         if (onAnswer)
             onAnswer(m_answered, m_why);
     } else if (!m_isMuted) {
@@ -237,9 +242,10 @@ Event LiveClient::readUnlisted(const QJsonObject &line)
         return line.contains(QLatin1String(known.key));
     });
     if (kind == std::end(kinds))
-        throw Refusal("expected an event, got " + excerpt(QJsonValue(line)));
+        throw Refusal(m_process.text() + ": expected an event, got " + excerpt(QJsonValue(line)));
     const QJsonValue value = line.value(QLatin1String("value"));
-    Signature signature{Kind(kind - kinds), readText(line, kind->key), {}, {}, {}, {}, {}};
+    Signature signature{
+        Kind(kind - kinds), line.value(QLatin1String(kind->key)).toString(), {}, {}, {}, {}, {}};
     QVariantList values;
     for (const QJsonValue &argument : value.isArray()       ? value.toArray()
                                       : value.isUndefined() ? QJsonArray()

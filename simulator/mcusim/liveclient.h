@@ -23,8 +23,9 @@ enum class Leftovers { Keep, Remove };
 /// All that run, by name and number. Throws a Refusal when the folder of the sockets is not this
 /// user's alone.
 QVector<LiveProcess> liveProcesses(Leftovers leftovers = Leftovers::Keep);
-/// The one that NAME, NAME.PID or PID means, or the only one there is for an empty name. Throws a
-/// Refusal that lists them when there is none or more than one.
+/// Those that NAME, NAME.PID or PID means; all for an empty name.
+QVector<LiveProcess> processesNamed(const QString &name);
+/// The one of them. Throws a Refusal that lists them when there is none or more than one.
 LiveProcess findProcess(const QString &name);
 
 /// Waits in poll() only, so it works beside an event loop and without one.

@@ -1,6 +1,7 @@
 // mcusim play and mcusim verify: play scenarios and say whether what was expected came back.
 #include "bench.h"
 #include "commandline.h"
+#include "liveplay.h"
 #include "verdicts.h"
 
 #include "livejudge.h"
@@ -28,7 +29,8 @@ const CommandLine::Usage playUsage{
     "play",
     "FILE...",
     "Plays scenarios and compares what they expect. \"-\" is standard input.",
-    {{"speed", "X", "Play at X times real time (1)."},
+    {{"on", "NAME", "Play into a running application."},
+     {"speed", "X", "Play at X times real time (1)."},
      {"fast", nullptr, "Play without waiting."},
      {"only", "GLOB", "Show only names, classes or kinds like this; repeats.", true},
      {"except", "GLOB", "Do not show names, classes or kinds like this; repeats.", true},
@@ -38,6 +40,7 @@ const CommandLine::Usage playUsage{
      {"from", "SECONDS", "Begin to show, and to wait, at this moment of the scenario."},
      {"to", "SECONDS", "End at this moment."},
      {"loop", "N", "Play N times; 0 until Ctrl-C. What is expected counts the first time."},
+     {"tolerance", "SECONDS", "How far off what a live application does may be (0.5)."},
      {"junit", "FILE", "Write the verdicts as JUnit XML."},
      {"check", nullptr, "Only read the files."},
      {"reader-thread", nullptr, "Report from the link's own thread; the output is the same."},
@@ -323,7 +326,10 @@ Settings readPlaySettings(const CommandLine &line)
         if (qstrcmp(option.name, "check") != 0)
             line.exclude({"check", option.name});
     }
+    for (const char *option : {"fast", "from", "to", "loop", "reader-thread", "log"})
+        line.exclude({"on", option});
     Settings settings;
+    settings.tolerance = line.moment("tolerance", settings.tolerance);
     const double speed = line.number("speed", 1);
     settings.speed = line.isSet("fast") ? 0 : speed;
     settings.from = line.moment("from", 0);
@@ -363,6 +369,9 @@ int playCommand(const QStringList &arguments)
     JUnitFile junit(line.value("junit"));
     if (line.isSet("check"))
         return runEach(line.operands(), junit, checkFile);
+    if (line.isSet("on"))
+        return runEach(line.operands(), junit,
+                       [&](const QString &path) { return playLive(line, path, junit); });
     return playEach(line, settings, junit);
 }
 

@@ -78,6 +78,12 @@ int terminalWidth()
     return qEnvironmentVariableIntValue("COLUMNS");
 }
 
+int terminalHeight()
+{
+    winsize size{};
+    return ioctl(STDOUT_FILENO, TIOCGWINSZ, &size) == 0 ? size.ws_row : 0;
+}
+
 bool showsColour(std::FILE *stream)
 {
     return isatty(fileno(stream)) && qEnvironmentVariableIsEmpty("NO_COLOR");

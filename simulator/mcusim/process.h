@@ -38,6 +38,8 @@ bool wasInterrupted();
 
 /// Columns of the terminal that standard output is, or of COLUMNS; 0 without either.
 int terminalWidth();
+/// Its lines; 0 when it is none.
+int terminalHeight();
 /// Whether lines may be coloured.
 bool showsColour(std::FILE *stream);
 
