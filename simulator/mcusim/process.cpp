@@ -15,7 +15,7 @@ namespace {
 std::FILE *const originalError = stderr;
 volatile std::sig_atomic_t interrupts = 0;
 
-extern "C" void noteInterrupt(int) { interrupts = 1; }
+extern "C" void noteInterrupt(int signal) { interrupts = signal; }
 
 } // namespace
 
@@ -69,6 +69,15 @@ void noteInterrupts()
 }
 
 bool wasInterrupted() { return interrupts != 0; }
+
+bool forgetInterrupt()
+{
+    if (interrupts != SIGINT)
+        return false;
+    interrupts = 0;
+    noteInterrupts();
+    return true;
+}
 
 int terminalWidth()
 {

@@ -35,6 +35,8 @@ void silenceLibrary();
 /// From now on Ctrl-C, and what else ends a process, is noted instead; the second one ends it.
 void noteInterrupts();
 bool wasInterrupted();
+/// Goes on after Ctrl-C; false when something else is to end the process.
+bool forgetInterrupt();
 
 /// Columns of the terminal that standard output is, or of COLUMNS; 0 without either.
 int terminalWidth();
