@@ -2,6 +2,7 @@
 
 applications() { command mcusim ps | awk 'NR > 1 { print $2 }'; }
 
+
 # Starts an application and waits until other commands reach it.
 start() {
     before=$(applications)
@@ -14,9 +15,10 @@ clients() { until [ $(grep -c "$XDG_RUNTIME_DIR/mcusim/" /proc/net/unix) -gt $1 
 
 # Ends all applications; what watches them ends with them.
 stop() {
-    kill $(applications)
+    for application in $(applications); do kill "$application"; done
     wait
 }
+trap 's=$?; stop; exit $s' EXIT # whatever fails
 
 # Runs the commands of a page in their order; what a user leaves in another terminal, in the
 # background.
