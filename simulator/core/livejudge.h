@@ -14,8 +14,10 @@ namespace mcusim {
 /// come before or after what is near it. The rate-limited records depend on the phase of a timer:
 /// their last value before each quiet time is compared.
 ///
-/// What was played before the recording began is not known, unless the application's start is
-/// recorded: the first difference of each name is then a note and no fault.
+/// What was reported before the recording began is not known, unless the application's start is
+/// recorded. Until a name has come back once, what is missing or besides is then a note and no
+/// fault, except for vehicle records, which no earlier state holds back. Nor is a signal of an
+/// object that the application may not have made yet, as nothing of it is recorded so far.
 class LiveJudge : public Judge {
 public:
     static constexpr qint64 usualTolerance = 500;
@@ -41,8 +43,9 @@ private:
     /// Recorded, or come, and without its counterpart yet.
     struct Open {
         Event event;
-        quint64 order = 0; ///< of what follows from inputs, among all of it that comes; else 0
-        int after = 0;     ///< the last line read before it came
+        quint64 order = 0;  ///< of what follows from inputs, among all of it that comes; else 0
+        int after = 0;      ///< the last line read before it came
+        bool isSure = true; ///< the application had the object that it comes from
     };
     using Opens = std::deque<Open>;
     /// The last of a rate-limited record since a quiet time.
@@ -53,6 +56,7 @@ private:
     };
 
     bool isJudged(const Event &event) const;
+    bool hasObject(const Event &event) const;
     Held &heldOf(const Event &event);
     bool isNear(const Event &a, const Event &b) const;
     bool meets(const Event &recorded, const Open &received) const;
@@ -75,9 +79,10 @@ private:
     quint64 m_metOrder = 0;
 
     bool m_fromStart = false;
-    QSet<const Signature *> m_known; ///< met or excused
+    QSet<const QMetaObject *> m_objects;     ///< of which something is recorded
+    QMap<const Signature *, qint64> m_known; ///< when what was met came first
+    QMap<const Signature *, int> m_excused;
     qint64 m_ownCommands = 0;
-    QStringList m_excused;
 };
 
 } // namespace mcusim

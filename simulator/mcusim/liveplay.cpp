@@ -108,7 +108,8 @@ QStringList LivePlay::faults() const
 {
     QStringList faults = m_judge.faults();
     if (m_wasCutOff)
-        faults.append("the application ended at " + seconds(m_ended) + ", before the end of the scenario");
+        faults.append("the application ended at " + seconds(m_ended) +
+                      ", before the end of the scenario");
     if (m_missed > 0)
         faults.append(counted(m_missed, "event") + " missed");
     return faults;

@@ -13,9 +13,14 @@ namespace mcusim {
 namespace {
 
 std::FILE *const originalError = stderr;
-volatile std::sig_atomic_t interrupts = 0;
+volatile std::sig_atomic_t interrupt = 0;
+volatile std::sig_atomic_t isFromTerminal = 0;
 
-extern "C" void noteInterrupt(int) { interrupts = 1; }
+extern "C" void noteInterrupt(int signal, siginfo_t *about, void *)
+{
+    interrupt = signal;
+    isFromTerminal = about->si_code == SI_KERNEL;
+}
 
 } // namespace
 
@@ -62,13 +67,24 @@ void silenceLibrary()
 void noteInterrupts()
 {
     struct sigaction action {};
-    action.sa_handler = noteInterrupt;
-    action.sa_flags = int(SA_RESETHAND); // and no restart: waiting must end
+    action.sa_sigaction = noteInterrupt;
+    action.sa_flags = int(SA_SIGINFO | SA_RESETHAND); // and no restart: waiting must end
     for (const int signal : {SIGINT, SIGTERM, SIGHUP})
         sigaction(signal, &action, nullptr);
 }
 
-bool wasInterrupted() { return interrupts != 0; }
+bool wasInterrupted() { return interrupt != 0; }
+
+int interruptToHandOn() { return isFromTerminal ? 0 : interrupt; }
+
+bool forgetInterrupt()
+{
+    if (interrupt != SIGINT)
+        return false;
+    interrupt = 0;
+    noteInterrupts();
+    return true;
+}
 
 int terminalWidth()
 {

@@ -11,12 +11,13 @@ namespace mcusim {
 namespace {
 
 void putRow(const QString &name, const QString &pid, const QString &link, const QString &library,
-            const QString &program)
+            const QString &program, const QString &socket)
 {
     constexpr int nameWidth = 16;
     constexpr int width = 11;
     put((name.leftJustified(nameWidth) + ' ' + pid.leftJustified(width) +
-         link.leftJustified(width) + library.leftJustified(width) + program)
+         link.leftJustified(width) + library.leftJustified(width) +
+         program.leftJustified(nameWidth) + ' ' + socket)
             .trimmed());
 }
 
@@ -33,7 +34,7 @@ int psCommand(const QStringList &arguments)
     line.expectOperands(0, 0, "no operand");
     SubstitutePlatform platform;
     const Catalogue names(platform);
-    putRow("NAME", "PID", "LINK", "LIBRARY", "PROGRAM");
+    putRow("NAME", "PID", "LINK", "LIBRARY", "PROGRAM", "SOCKET");
     for (const LiveProcess &process : liveProcesses(Leftovers::Remove)) {
         const QString pid = QString::number(process.pid);
         try {
@@ -41,9 +42,9 @@ int psCommand(const QStringList &arguments)
             const auto text = [&](const char *key) {
                 return printable(client.metadata().value(QLatin1String(key)).toString());
             };
-            putRow(process.name, pid, text("link"), text("library"), text("program"));
+            putRow(process.name, pid, text("link"), text("library"), text("program"), process.path);
         } catch (const Refusal &refusal) {
-            putRow(process.name, pid, "-", "-", refusal.text());
+            putRow(process.name, pid, "-", "-", refusal.text(), {});
         }
     }
     return Passed;

@@ -72,73 +72,56 @@ void setEnvironment(const CommandLine &line)
                 QFile::encodeName(QDir::current().absoluteFilePath(line.value("record"))));
 }
 
-/// The process of the program, while a scenario is played into it. It gets the signals that this
-/// process gets.
+/// The process of a program into which a scenario is played. It gets the signals that this process
+/// gets.
 class Program {
 public:
     explicit Program(char *const *arguments)
     {
-        sigemptyset(&m_signals);
-        for (const int signal : {SIGCHLD, SIGHUP, SIGINT, SIGQUIT, SIGTERM, SIGUSR1, SIGUSR2})
-            sigaddset(&m_signals, signal);
-        sigset_t none{};
-        sigset_t usual{};
-        sigemptyset(&usual);
-        sigaddset(&usual, SIGPIPE);
-        posix_spawnattr_t attributes{};
-        posix_spawnattr_init(&attributes);
-        posix_spawnattr_setflags(&attributes, POSIX_SPAWN_SETSIGDEF | POSIX_SPAWN_SETSIGMASK);
-        posix_spawnattr_setsigdefault(&attributes, &usual);
-        sigprocmask(SIG_BLOCK, &m_signals, &none);
-        posix_spawnattr_setsigmask(&attributes, &none);
-        const int error =
-            posix_spawnp(&m_pid, arguments[0], nullptr, &attributes, arguments, environ);
-        posix_spawnattr_destroy(&attributes);
+        std::signal(SIGPIPE, SIG_DFL);
+        const int error = posix_spawnp(&m_pid, arguments[0], nullptr, nullptr, arguments, environ);
+        std::signal(SIGPIPE, SIG_IGN);
         if (error != 0)
-            throw Refusal("cannot start " + QFile::decodeName(arguments[0]) + ": " +
+            throw Refusal("cannot start " + QString::fromLocal8Bit(arguments[0]) + ": " +
                           qt_error_string(error));
         m_application = m_pid;
     }
-
-    ~Program()
-    {
-        if (!hasEnded())
-            end();
-    }
+    ~Program() { end(); }
     Program(const Program &) = delete;
     Program &operator=(const Program &) = delete;
 
-    int pid() const { return m_pid; }
     /// The process to end in place of the program itself, which may be its launcher.
     void setApplication(int pid) { m_application = pid; }
-    /// Whether a signal from outside was to end it.
-    bool wasStopped() const { return m_wasStopped; }
-    bool hasEnded() const { return m_status >= 0; }
+    int pid() const { return m_pid; }
     /// As a shell shows it.
     int status() const { return m_status; }
 
-    /// Hands on what signals have come. False when the program has ended.
     bool goesOn()
     {
-        while (!hasEnded() && take(0)) {
-        }
-        return !hasEnded();
+        int status = 0;
+        if (m_status < 0 && waitpid(m_pid, &status, WNOHANG) == m_pid)
+            m_status = WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
+        const int signal = std::exchange(m_isTold, wasInterrupted()) ? 0 : interruptToHandOn();
+        if (m_status < 0 && signal != 0)
+            kill(m_pid, signal);
+        return m_status < 0;
     }
 
-    void wait()
+    /// Waits for its end, so many milliseconds at most.
+    void wait(qint64 milliseconds = std::numeric_limits<qint64>::max())
     {
-        constexpr int aDay = 86'400;
-        while (!hasEnded())
-            take(aDay);
+        for (; goesOn() && milliseconds > 0; milliseconds -= interval)
+            poll(nullptr, 0, interval);
     }
 
     void end()
     {
-        constexpr int patience = 5;
+        constexpr int patience = 5000;
+        if (!goesOn())
+            return;
         kill(m_application, SIGTERM);
-        while (!hasEnded() && take(patience)) {
-        }
-        if (hasEnded())
+        wait(patience);
+        if (!goesOn())
             return;
         complain("the application does not end and is killed");
         kill(m_application, SIGKILL);
@@ -146,31 +129,13 @@ public:
         wait();
     }
 
-private:
-    /// Takes one signal; false when none comes in this time.
-    bool take(int seconds)
-    {
-        const timespec time{seconds, 0};
-        siginfo_t about{};
-        const int signal = sigtimedwait(&m_signals, &about, &time);
-        if (signal < 0)
-            return errno == EINTR;
-        int status = 0;
-        if (signal != SIGCHLD) {
-            m_wasStopped = m_wasStopped || (signal != SIGUSR1 && signal != SIGUSR2);
-            if (about.si_code != SI_KERNEL) // else the terminal has sent it to the program, too
-                kill(m_pid, signal);
-        } else if (waitpid(m_pid, &status, WNOHANG) == m_pid) {
-            m_status = WIFSIGNALED(status) ? 128 + WTERMSIG(status) : WEXITSTATUS(status);
-        }
-        return true;
-    }
+    static constexpr int interval = 20;
 
-    sigset_t m_signals{};
+private:
     pid_t m_pid = 0;
     pid_t m_application = 0;
     int m_status = -1;
-    bool m_wasStopped = false;
+    bool m_isTold = false; ///< of the signal that came
 };
 
 int parentOf(int pid)
@@ -197,43 +162,37 @@ std::optional<LiveProcess> findApplication(int pid)
 /// Starts the program and plays into it; returns the exit status.
 int runAndPlay(const CommandLine &line, char *const *arguments)
 {
-    constexpr int interval = 20;
     SubstitutePlatform platform;
     const Catalogue names(platform);
-    std::optional<Program> program;
-    LivePlay play(names, line, line.value("play"), [&program] {
-        // The end of the application shows when all that it sent is read.
-        return !program || program->goesOn() || !program->wasStopped();
-    });
+    noteInterrupts();
+    LivePlay play(names, line, line.value("play"), [] { return !wasInterrupted(); });
     JUnitFile junit(line.value("junit"));
-    program.emplace(arguments);
-    std::optional<LiveProcess> application;
-    while (!application && program->goesOn()) {
-        application = findApplication(program->pid());
-        poll(nullptr, 0, application ? 0 : interval);
-    }
-    if (!application && !program->wasStopped())
+    Program program(arguments);
+    std::optional<LiveProcess> application = findApplication(program.pid());
+    for (; !application && program.goesOn(); application = findApplication(program.pid()))
+        poll(nullptr, 0, Program::interval);
+    if (!application && !wasInterrupted())
         complain(line.operands().first() + " ended before it started the link");
     if (!application)
-        return std::max<int>(program->status(), Failed);
+        return std::max<int>(program.status(), Failed);
 
-    program->setApplication(application->pid);
+    program.setApplication(application->pid);
     LiveClient client(names, *application);
     play.run(client);
-    const bool isEnded = program->goesOn() && !program->wasStopped() && !line.isSet("keep");
+    const bool isEnded = program.goesOn() && !wasInterrupted() && !line.isSet("keep");
     if (isEnded)
-        program->end();
-    program->wait();
-    if (program->wasStopped())
-        return program->status();
+        program.end();
+    program.wait();
+    if (wasInterrupted())
+        return program.status();
 
     Printer printer(console(), {0, showsColour(console())});
     if (!line.isSet("quiet") || !play.faults().isEmpty())
         play.print(printer);
     junit.write(play.file().name(), {{play.file().name(), play.now(), play.faults()}});
     junit.frame("\n</testsuites>\n");
-    const bool isFine = program->status() == 0 || (isEnded && program->status() == 128 + SIGTERM);
-    return !isFine ? program->status() : play.faults().isEmpty() ? Passed : Failed;
+    const bool isFine = program.status() == 0 || (isEnded && program.status() == 128 + SIGTERM);
+    return !isFine ? program.status() : play.faults().isEmpty() ? Passed : Failed;
 }
 
 const CommandLine::Usage usage{
