@@ -198,7 +198,10 @@ void JsonLinesFile::readMetadata()
         }
         allowKeys(metadata, QStringList("version") + m_metadataKeys);
         m_metadata = {readText(metadata, "description"), readFlag(metadata, "recording"),
-                      readFlag(metadata, "end"), readFlag(metadata, "live")};
+                      readFlag(metadata, "end"), readFlag(metadata, "live"),
+                      metadata.value("made").toObject()};
+        if (metadata.contains("made") && !metadata.value("made").isObject())
+            refuseValue(metadata, "made", "an object");
         if (m_metadata.live && !m_metadata.recording)
             throw Refusal("\"live\" expects a \"recording\"");
         m_hasMetadata = true;
