@@ -16,7 +16,7 @@ void Recordings::hear(const Event &event)
 {
     if (!m_file)
         return;
-    if (m_largest > 0 && isOver(event.time)) {
+    if (m_largest > 0 && isOver(event)) {
         finish(event.time);
         begin(event.time);
     }
@@ -34,15 +34,16 @@ void Recordings::finish(qint64 time)
     m_file.reset();
 }
 
-bool Recordings::isOver(qint64 time)
+bool Recordings::isOver(const Event &event)
 {
     constexpr qint64 second = 1000;
     constexpr qint64 day = 86'400 * second;
-    if (m_recorder->size() >= m_largest || time - m_began >= day)
+    const qint64 largest = event.isInput() ? m_largest : m_largest + m_largest / 8;
+    if (m_recorder->size() >= largest || event.time - m_began >= day)
         return true;
-    if (time - m_looked < second)
+    if (event.time - m_looked < second)
         return false;
-    m_looked = time;
+    m_looked = event.time;
     struct stat about {};
     return fstat(descriptor(), &about) == 0 && about.st_nlink == 0;
 }

@@ -20,7 +20,8 @@ public:
     /// Opens the next file. Throws a Refusal.
     using Open = std::function<Target()>;
 
-    /// A file is full when it has so many bytes, or lines of a whole day; 0 is without end.
+    /// A file is full when it has so many bytes, or lines of a whole day; 0 is without end. What an
+    /// input causes stays with it, up to an eighth more.
     Recordings(Open open, qint64 largest);
     /// Nothing more comes after the last event.
     ~Recordings() override { finish(m_last); }
@@ -40,7 +41,7 @@ private:
         void operator()(std::FILE *file) const { std::fclose(file); }
     };
 
-    bool isOver(qint64 time);
+    bool isOver(const Event &event);
     void begin(qint64 time);
     void check();
 
