@@ -185,8 +185,8 @@ void JsonLinesFile::readMetadata()
     if (m_wasInterrupted)
         return;
     const QByteArray opening = R"({"metadata":)"; // a recording can be cut in it, too
-    if (isTorn(line) && opening.startsWith(line.left(opening.size()))) {
-        m_tornLine = number();
+    if (m_size == 0 || (isTorn(line) && opening.startsWith(line.left(opening.size())))) {
+        m_tornLine = 1;
         return;
     }
     try {
@@ -198,7 +198,10 @@ void JsonLinesFile::readMetadata()
         }
         allowKeys(metadata, QStringList("version") + m_metadataKeys);
         m_metadata = {readText(metadata, "description"), readFlag(metadata, "recording"),
-                      readFlag(metadata, "end"), readFlag(metadata, "live")};
+                      readFlag(metadata, "end"), readFlag(metadata, "live"),
+                      metadata.value("made").toObject()};
+        if (metadata.contains("made") && !metadata.value("made").isObject())
+            refuseValue(metadata, "made", "an object");
         if (m_metadata.live && !m_metadata.recording)
             throw Refusal("\"live\" expects a \"recording\"");
         m_hasMetadata = true;
@@ -242,6 +245,9 @@ bool JsonLinesFile::nextLine(QByteArray *line)
             if (!fill()) {
                 m_isAtEnd = true;
                 *line = m_wasInterrupted ? QByteArray() : m_lines.rest();
+                // A file system that lost its power may not have written the last bytes.
+                while (line->endsWith('\0'))
+                    line->chop(1);
                 return !line->isEmpty();
             }
         }

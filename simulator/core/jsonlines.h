@@ -59,6 +59,8 @@ public:
         bool end = false;
         /// A recording of a real application, by the real clock.
         bool live = false;
+        /// Of a recording: where, when and by what it was made.
+        QJsonObject made{};
     };
 
     virtual ~JsonLinesFile();

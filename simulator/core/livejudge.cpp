@@ -52,6 +52,7 @@ void LiveJudge::hear(const Event &event)
     closeUntil(event.time);
     if (event.isInput()) {
         m_inputTime = event.time;
+        m_played.insert(event.what->name);
         for (auto held = m_held.begin(); held != m_held.end(); ++held) {
             if (event.what->name == QString(held.key()->record->linkSignal))
                 held->latest = event.time;
@@ -185,6 +186,10 @@ void LiveJudge::closeRecorded(const Open &open)
     const auto other = std::find_if(m_received.begin(), m_received.end(),
                                     [&](const Open &came) { return isNear(event, came.event); });
     if (other != m_received.end()) {
+        // The same at another moment may be recorded there, after the end of a recording that is
+        // cut.
+        if (event.sameAs(other->event) && isExcused(event))
+            return;
         addFault(event, other->event, 0);
         m_received.erase(other);
     } else if (event.what->kind == Kind::Command && !m_rules.hasApplication) {
@@ -211,7 +216,9 @@ void LiveJudge::closeReceived(const Open &open)
 
 bool LiveJudge::isExcused(const Event &event)
 {
-    if (m_fromStart || m_rules.hasApplication || event.what->record ||
+    const bool isOlder = isHeldBack(event.what) ? !m_played.contains(event.what->record->linkSignal)
+                                                : !event.what->record;
+    if (m_fromStart || m_rules.hasApplication || !isOlder ||
         event.time > m_known.value(event.what, event.time))
         return false;
     ++m_excused[event.what];

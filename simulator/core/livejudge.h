@@ -16,8 +16,9 @@ namespace mcusim {
 ///
 /// What was reported before the recording began is not known, unless the application's start is
 /// recorded. Until a name has come back once, what is missing or besides is then a note and no
-/// fault, except for vehicle records, which no earlier state holds back. Nor is a signal of an
-/// object that the application may not have made yet, as nothing of it is recorded so far.
+/// fault, except for vehicle records, which no earlier state holds back; a rate-limited one may
+/// still follow from an earlier report. Nor is a signal of an object that the application may not
+/// have made yet, as nothing of it is recorded so far.
 class LiveJudge : public Judge {
 public:
     static constexpr qint64 usualTolerance = 500;
@@ -79,6 +80,7 @@ private:
     quint64 m_metOrder = 0;
 
     bool m_fromStart = false;
+    QSet<QString> m_played;                  ///< names of inputs
     QSet<const QMetaObject *> m_objects;     ///< of which something is recorded
     QMap<const Signature *, qint64> m_known; ///< when what was met came first
     QMap<const Signature *, int> m_excused;

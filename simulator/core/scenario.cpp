@@ -3,6 +3,8 @@
 
 #include "values.h"
 
+#include <QJsonDocument>
+
 #include <cmath>
 
 namespace mcusim {
@@ -62,7 +64,7 @@ Event readEvent(const Catalogue &names, const QJsonObject &line)
 }
 
 ScenarioFile::ScenarioFile(const Catalogue &names, const QString &path, GoOn goOn)
-    : JsonLinesFile(path, std::move(goOn), {"description", "recording", "end", "live"}),
+    : JsonLinesFile(path, std::move(goOn), {"description", "recording", "end", "live", "made"}),
       m_names(names)
 {
 }
@@ -120,6 +122,8 @@ QByteArray writtenMetadata(const JsonLinesFile::Metadata &metadata)
         line += R"("live":true,)";
     if (metadata.end)
         line += R"("end":true,)";
+    if (!metadata.made.isEmpty())
+        line += R"("made":)" + QJsonDocument(metadata.made).toJson(QJsonDocument::Compact) + ',';
     return line + R"("description":)" + writtenValue({metadata.description}) + "}}";
 }
 

@@ -37,6 +37,7 @@ void Recorder::write(const QByteArray &line)
 {
     std::fwrite(line.constData(), 1, std::size_t(line.size()), m_file);
     std::fputc('\n', m_file);
+    m_size += line.size() + 1;
 }
 
 Filter::Filter(const Catalogue &names, const QStringList &only, const QStringList &except)

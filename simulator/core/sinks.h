@@ -33,12 +33,15 @@ public:
     void hear(const Event &event) override { write(writtenEvent(event)); }
     /// Nothing more comes, up to this moment.
     void finish(qint64 time);
+    /// Bytes so far.
+    qint64 size() const { return m_size; }
 
 private:
     void write(const QByteArray &line);
 
     std::FILE *m_file;
     bool m_marksEnd;
+    qint64 m_size = 0;
 };
 
 /// Hands on what people asked for: globs over names ("syncSpeed*", "McuService.sync*"), classes

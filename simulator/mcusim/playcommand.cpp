@@ -250,7 +250,7 @@ qint64 Play::lastMoment() const
 void Play::printVerdict()
 {
     const bool isEmpty = m_judge->met() == 0 && m_judge->passed();
-    if (isEmpty && !m_file.metadata().recording && !wasInterrupted())
+    if (isEmpty && !m_file.metadata().recording && !m_file.isCut() && !wasInterrupted())
         throw Refusal(m_file.name() + ": expected lines to verify, such as those of a recording");
     m_printer.print(m_file.name() + ": " +
                         (wasInterrupted()    ? "interrupted, "

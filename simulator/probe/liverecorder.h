@@ -1,35 +1,30 @@
-// Records an application from inside: a line for each event, on the disk before the next one.
+// Records an application from inside: a line for each event, with the system before the next one.
 #pragma once
 
-#include "sinks.h"
+#include "recordings.h"
 
-#include <memory>
+#include <mutex>
 
 namespace mcusim::probe {
 
+/// Stops with one line when something cannot be written. The application goes on.
 class LiveRecorder : public Sink {
 public:
-    /// Throws a Refusal when the file cannot be written.
-    LiveRecorder(const QByteArray &path, const QString &program);
+    /// Throws a Refusal when the first file cannot be written.
+    LiveRecorder(Recordings::Open open, qint64 largest);
 
     void hear(const Event &event) override;
     /// The application ends in order.
-    void finish(qint64 time);
+    void finish(qint64 time) { m_recordings.finish(time); }
 
-    /// Of the file, or -1.
-    int descriptor() const { return m_file ? fileno(m_file.get()) : -1; }
+    /// Around a fork, as the server does: the file is the parent's alone.
+    void holdStill() { m_mutex.lock(); }
+    void goOn() { m_mutex.unlock(); }
+    void beChild(int replacement);
 
 private:
-    struct Close {
-        void operator()(std::FILE *file) const { std::fclose(file); }
-    };
-
-    /// Throws a Refusal.
-    void check();
-
-    QString m_path;
-    std::unique_ptr<std::FILE, Close> m_file; ///< null once it could not be written
-    std::optional<Recorder> m_recorder;
+    std::mutex m_mutex;
+    Recordings m_recordings;
 };
 
 } // namespace mcusim::probe

@@ -2,8 +2,8 @@
 // which it is first used to the end of the process.
 #include "complain.h"
 #include "handover.h"
-#include "liverecorder.h"
 #include "probedplatform.h"
+#include "recordingfiles.h"
 #include "server.h"
 
 #include "mcusrv.h"
@@ -13,6 +13,7 @@
 
 #include <cerrno>
 #include <cstdlib>
+#include <list>
 
 #include <fcntl.h>
 #include <pthread.h>
@@ -59,7 +60,6 @@ public:
 private:
     Probe() = default;
 
-    void record(const QByteArray &file);
     void serve();
     void stopServing();
     void end();
@@ -74,7 +74,7 @@ private:
     const QByteArray m_name = programName();
     std::atomic<bool> m_isAwake = false;
     std::atomic<bool> m_isOver = false;
-    std::optional<LiveRecorder> m_recorder;
+    std::list<LiveRecorder> m_recorders;
     std::atomic<Server *> m_server = nullptr;
 };
 
@@ -86,24 +86,27 @@ void Probe::wake(mcu::McuSrv *link)
         return;
     m_time = {};
     m_simulation.attach(link);
-    const QByteArray file = qgetenv("MCUPROBE_RECORD");
-    if (!file.isEmpty())
-        record(file);
-    std::atexit([] { instance().end(); });
-    pthread_atfork([] { instance().prepareFork(); }, [] { instance().goOnAsParent(); },
-                   [] { instance().goOnAsChild(); });
-    if (qgetenv("MCUPROBE_SOCKET") != "0")
-        qAddPreRoutine([] { instance().serve(); }); // at once when the application object is there
-}
-
-void Probe::record(const QByteArray &file)
-{
+    const bool isInField = !qgetenv("MCUPROBE_FOLDER").isEmpty();
     try {
-        m_recorder.emplace(file, QString::fromLatin1(m_name));
-        m_simulation.addSink(&*m_recorder);
+        const QString name = QString::fromLatin1(m_name);
+        const QByteArray file = qgetenv("MCUPROBE_RECORD");
+        if (!file.isEmpty())
+            m_recorders.emplace_back(oneFile(file, name), 0);
+        if (isInField) {
+            const Ring ring(name);
+            m_recorders.emplace_back([ring] { return ring.open(); }, ring.fileSize());
+        }
     } catch (const Refusal &refusal) {
         complain(refusal);
     }
+    for (LiveRecorder &recorder : m_recorders)
+        m_simulation.addSink(&recorder);
+    std::atexit([] { instance().end(); });
+    pthread_atfork([] { instance().prepareFork(); }, [] { instance().goOnAsParent(); },
+                   [] { instance().goOnAsChild(); });
+    const QByteArray socket = qgetenv("MCUPROBE_SOCKET");
+    if (isInField ? socket == "1" : socket != "0")
+        qAddPreRoutine([] { instance().serve(); }); // at once when the application object is there
 }
 
 void Probe::serve()
@@ -133,9 +136,9 @@ void Probe::end()
 {
     if (m_isOver.exchange(true))
         return;
-    if (m_recorder) {
-        m_simulation.removeSink(&*m_recorder);
-        m_recorder->finish(m_time.now());
+    for (LiveRecorder &recorder : m_recorders) {
+        m_simulation.removeSink(&recorder);
+        recorder.finish(m_time.now());
     }
     m_simulation.silence();
     if (Server *server = m_server)
@@ -144,6 +147,8 @@ void Probe::end()
 
 void Probe::prepareFork()
 {
+    for (LiveRecorder &recorder : m_recorders)
+        recorder.holdStill();
     if (Server *server = m_server)
         server->holdStill();
 }
@@ -152,21 +157,22 @@ void Probe::goOnAsParent()
 {
     if (Server *server = m_server)
         server->goOn();
+    for (LiveRecorder &recorder : m_recorders)
+        recorder.goOn();
 }
 
 /// Does only what can be done although the other threads have vanished in the middle of something.
 /// The descriptors stay valid for the notifiers of an event loop, but nothing ever comes.
 void Probe::goOnAsChild()
 {
-    const bool wasOver = m_isOver.exchange(true);
+    m_isOver = true;
     m_simulation.silence();
     const int nothing = eventfd(0, EFD_CLOEXEC);
-    if (m_recorder && !wasOver && m_recorder->descriptor() >= 0)
-        dup3(nothing, m_recorder->descriptor(), O_CLOEXEC);
-    if (Server *server = m_server) {
+    for (LiveRecorder &recorder : m_recorders)
+        recorder.beChild(nothing);
+    if (Server *server = m_server)
         server->beChild(nothing);
-        server->goOn();
-    }
+    goOnAsParent();
 }
 
 } // namespace
