@@ -22,12 +22,13 @@ QVariant asInt(const QJsonValue &value)
     return isInt ? QVariant(int(number)) : QVariant();
 }
 
-/// "0x0aff" as bytes, or invalid.
+/// "0x0aff" as bytes, "0x" as none; or invalid.
 QVariant asBytes(const QJsonValue &value)
 {
     const QString text = value.toString();
     QByteArray bytes;
-    const bool isBytes = text.startsWith("0x") && !text.contains(' ') && readHex(text, &bytes);
+    const bool isBytes =
+        text == "0x" || (text.startsWith("0x") && !text.contains(' ') && readHex(text, &bytes));
     return isBytes ? QVariant(bytes) : QVariant();
 }
 
