@@ -99,7 +99,8 @@ QJsonObject readObject(const QByteArray &line)
                       (document.isArray()
                            ? "found an array"
                            : error.errorString() + " at column " + QString::number(error.offset)) +
-                      "), got " + excerpt(QString::fromUtf8(line.left(200))));
+                      "), got " +
+                      excerpt(QString::fromUtf8(line.constData(), std::min(line.size(), 200))));
     }
     QJsonObject object = document.object();
     if (countKeys(object) != countColons(line)) {
@@ -143,7 +144,7 @@ bool readFlag(const QJsonObject &object, const char *key)
 }
 
 JsonLinesFile::JsonLinesFile(const QString &path, GoOn goOn, const QStringList &metadataKeys)
-    : m_name(path == "-" ? "standard input" : path), m_goOn(std::move(goOn)),
+    : m_name(path == "-" ? "standard input" : printable(path)), m_goOn(std::move(goOn)),
       m_metadataKeys(metadataKeys),
       m_descriptor(path == "-" ? dup(STDIN_FILENO)
                                : open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC))

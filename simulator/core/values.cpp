@@ -141,8 +141,11 @@ QString shown(const QVariant &value)
 QString printable(const QString &text)
 {
     QString safe;
-    for (const QChar c : text) {
-        if (c.isPrint() || c.isSurrogate())
+    for (int i = 0; i < text.size(); ++i) {
+        const QChar c = text[i];
+        if (c.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate())
+            safe += text.mid(i++, 2);
+        else if (c.isPrint())
             safe += c;
         else
             safe += QString("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));

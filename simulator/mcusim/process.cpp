@@ -1,5 +1,7 @@
 #include "process.h"
 
+#include "values.h"
+
 #include <QLoggingCategory>
 
 #include <csignal>
@@ -32,7 +34,7 @@ std::FILE *console() { return originalError; }
 
 void complain(const QString &why)
 {
-    std::fputs(("mcusim: " + why + '\n').toUtf8().constData(), console());
+    std::fputs(("mcusim: " + printable(why) + '\n').toUtf8().constData(), console());
 }
 
 void put(const QString &line) { std::fputs((line + '\n').toUtf8().constData(), stdout); }
