@@ -147,7 +147,8 @@ JsonLinesFile::JsonLinesFile(const QString &path, GoOn goOn, const QStringList &
     : m_name(path == "-" ? "standard input" : printable(path)), m_goOn(std::move(goOn)),
       m_metadataKeys(metadataKeys),
       m_descriptor(path == "-" ? dup(STDIN_FILENO)
-                               : open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC))
+                               : open(QFile::encodeName(path).constData(),
+                                      O_RDONLY | O_CLOEXEC | O_NONBLOCK))
 {
     struct stat about {};
     const bool exists = m_descriptor >= 0 && fstat(m_descriptor, &about) == 0;
@@ -155,6 +156,7 @@ JsonLinesFile::JsonLinesFile(const QString &path, GoOn goOn, const QStringList &
         throw Refusal("cannot read " + m_name + ": " + qt_error_string(exists ? EISDIR : errno));
     if (S_ISREG(about.st_mode))
         m_size = about.st_size;
+    m_start = lseek(m_descriptor, 0, SEEK_CUR); // standard input may be handed on in the middle
     readMetadata();
 }
 
@@ -162,7 +164,7 @@ JsonLinesFile::~JsonLinesFile() { close(m_descriptor); }
 
 void JsonLinesFile::rewind()
 {
-    lseek(m_descriptor, 0, SEEK_SET);
+    lseek(m_descriptor, m_start, SEEK_SET);
     m_lines = {};
     m_read = 0;
     m_count = m_tornLine = 0;
@@ -253,10 +255,11 @@ bool JsonLinesFile::nextLine(QByteArray *line)
 /// Reads more; false when there is nothing more.
 bool JsonLinesFile::fill()
 {
+    // Not read(), nor open(): a pipe without a writer would hold both.
     constexpr int interval = 200;
     pollfd input{m_descriptor, POLLIN, 0};
-    while (m_goOn && poll(&input, 1, interval) <= 0) {
-        m_wasInterrupted = !m_goOn();
+    while (poll(&input, 1, interval) <= 0) {
+        m_wasInterrupted = m_goOn && !m_goOn();
         if (m_wasInterrupted)
             return false;
     }
@@ -271,7 +274,13 @@ bool JsonLinesFile::fill()
 
 bool JsonLinesFile::isTorn(const QByteArray &line) const
 {
-    return m_isAtEnd && line.trimmed().startsWith('{') && QJsonDocument::fromJson(line).isNull();
+    // The parser stops where the text ends, or before the word or letter that is cut there.
+    constexpr int longestRest = 4;
+    QJsonParseError error{};
+    QJsonDocument::fromJson(line, &error);
+    return m_isAtEnd && line.trimmed().startsWith('{') && error.error != QJsonParseError::NoError &&
+           error.error != QJsonParseError::GarbageAtEnd &&
+           line.size() - error.offset <= longestRest;
 }
 
 Refusal JsonLinesFile::located(const Refusal &refusal) const

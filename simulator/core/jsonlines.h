@@ -104,6 +104,7 @@ private:
     QStringList m_metadataKeys;
     int m_descriptor;
     qint64 m_size = -1;
+    qint64 m_start = 0;
     qint64 m_read = 0;
     bool m_isAtEnd = false;
     bool m_wasInterrupted = false;

@@ -269,10 +269,10 @@ int playCommand(const QStringList &arguments)
 {
     const CommandLine line(arguments, usage);
     checkOptions(line);
-    noteInterrupts();
     JUnitFile junit(line.value("junit"));
     if (line.isSet("check"))
         return runEach(line.operands(), junit, checkFile);
+    noteInterrupts();
     if (!line.isSet("log"))
         silenceLibrary();
     return runEach(line.operands(), junit,

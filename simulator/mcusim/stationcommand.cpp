@@ -140,10 +140,10 @@ int stationCommand(const QStringList &arguments)
         return Passed;
     }
     line.expectOperands(1, std::numeric_limits<int>::max(), "a sequence, or --send and packets");
-    noteInterrupts();
     JUnitFile junit(line.value("junit"));
     if (line.isSet("check"))
         return runEach(line.operands(), junit, checkSequence);
+    noteInterrupts();
     if (!line.isSet("raw"))
         silenceLibrary();
     QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, false);
