@@ -29,6 +29,13 @@ struct Bench {
         return !wasInterrupted() && std::ferror(stdout) == 0;
     }
 
+    /// No verdict of a run that ended for lost output: throws a Refusal.
+    static void expectOutput()
+    {
+        if (std::ferror(stdout) != 0)
+            throw Refusal("cannot write standard output");
+    }
+
     Progress progress;
     int argc = 1;
     char name[7] = "mcusim";

@@ -145,6 +145,7 @@ int Play::run(JUnitFile &junit)
 
     m_bench.simulation.start();
     const bool isAll = playAll();
+    Bench::expectOutput();
     const bool isAtEnd = isAll && !m_player.next();
     m_judge.finish(!isAtEnd || !m_file.hasEnded());
     if (m_recorder && isAll)

@@ -48,7 +48,8 @@ int written(int status)
 {
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0)
         return status;
-    complain("cannot write standard output");
+    if (status != Unusable) // which has its line
+        complain("cannot write standard output");
     return Unusable;
 }
 

@@ -116,6 +116,7 @@ int runSequence(const QString &path, bool quiet, JUnitFile &junit)
         if (junit.isOpen())
             verdicts.append({test->name, result.duration, result.faults});
     }
+    Bench::expectOutput();
     put('\n' + printable(file.metadata().description) + ": " +
         QString::number(file.count() - failed) + " passed, " + QString::number(failed) + " failed" +
         (wasInterrupted() ? ", interrupted" : ""));
