@@ -2,6 +2,7 @@
 
 #include "values.h"
 
+#include <QFile>
 #include <QLoggingCategory>
 
 #include <csignal>
@@ -38,6 +39,17 @@ void complain(const QString &why)
 }
 
 void put(const QString &line) { std::fputs((line + '\n').toUtf8().constData(), stdout); }
+
+QByteArray contentOf(QFile &file, const QString &name)
+{
+    constexpr int longest = 1 << 20;
+    const QByteArray bytes = file.isOpen() ? file.read(longest + 1) : QByteArray();
+    if (file.error() != QFileDevice::NoError)
+        throw Refusal("cannot read " + name + ": " + file.errorString());
+    if (bytes.size() > longest)
+        throw Refusal(name + ": expected at most 1 MiB");
+    return bytes;
+}
 
 QString counted(qint64 count, const char *thing)
 {

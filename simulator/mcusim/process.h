@@ -6,6 +6,8 @@
 
 #include <cstdio>
 
+class QFile;
+
 namespace mcusim {
 
 /// Exit statuses of all commands.
@@ -21,6 +23,9 @@ std::FILE *console();
 /// "mcusim: ..." on it as one line, and a line on standard output.
 void complain(const QString &why);
 void put(const QString &line);
+
+/// The bytes of a file after its open(), at most 1 MiB. Throws a Refusal with the name.
+QByteArray contentOf(QFile &file, const QString &name);
 
 /// "1 report", "2 reports".
 QString counted(qint64 count, const char *thing);
