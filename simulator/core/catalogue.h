@@ -74,7 +74,6 @@ public:
 
 private:
     void add(Signature signature);
-    void addLink(Platform &platform);
     void addOperations();
     void addApplicationSignals();
 

@@ -25,11 +25,6 @@ struct StationPacket {
     QByteArray bytes(Fault fault = Fault::None) const;
     /// "read SOUND 02".
     QString text(Sender sender) const;
-
-    bool operator==(const StationPacket &other) const
-    {
-        return type == other.type && did == other.did && payload == other.payload;
-    }
 };
 
 /// Reads "read SOUND 02" or "write 0xF7 01 02 03". Throws a Refusal.

@@ -82,16 +82,12 @@ int listCommand(const QStringList &arguments)
     SubstitutePlatform platform;
     const Catalogue names(platform);
     QVector<const Signature *> shown;
-    for (const QString &glob : line.operands()) {
+    const bool inFull = !line.operands().isEmpty();
+    for (const QString &glob : inFull ? line.operands() : QStringList("*")) {
         for (const Signature *signature : names.like(glob)) {
             if (!shown.contains(signature))
                 shown.append(signature);
         }
-    }
-    const bool inFull = !shown.isEmpty();
-    for (const Signature &signature : names.all()) {
-        if (!inFull)
-            shown.append(&signature);
     }
     if (line.isSet("json")) {
         const char *separator = "[";
