@@ -30,7 +30,7 @@ int countKeys(const QJsonValue &value)
     return count;
 }
 
-/// One for each key that was written.
+/// One per key that was written.
 int countColons(const QByteArray &line)
 {
     int count = 0;
@@ -156,7 +156,7 @@ JsonLinesFile::JsonLinesFile(const QString &path, GoOn goOn, const QStringList &
         throw Refusal("cannot read " + m_name + ": " + qt_error_string(exists ? EISDIR : errno));
     if (S_ISREG(about.st_mode))
         m_size = about.st_size;
-    m_start = lseek(m_descriptor, 0, SEEK_CUR); // standard input may be handed on in the middle
+    m_start = lseek(m_descriptor, 0, SEEK_CUR); // standard input may be in the middle of a file
     readMetadata();
 }
 
@@ -235,7 +235,7 @@ bool JsonLinesFile::advance()
     return false;
 }
 
-/// The last line may come without its end.
+/// The last line may have no line end.
 bool JsonLinesFile::nextLine(QByteArray *line)
 {
     try {
@@ -255,7 +255,7 @@ bool JsonLinesFile::nextLine(QByteArray *line)
 /// Reads more; false when there is nothing more.
 bool JsonLinesFile::fill()
 {
-    // Not read(), nor open(): a pipe without a writer would hold both.
+    // Waits here alone: neither read() nor open() returns for a pipe without a writer.
     constexpr int interval = 200;
     pollfd input{m_descriptor, POLLIN, 0};
     while (poll(&input, 1, interval) <= 0) {

@@ -1,5 +1,5 @@
-// How the table of operations is made: the types of a member function, taken from the function
-// itself, turn into what a scenario writes.
+// Makes the entries of the table of operations: the types that a scenario writes come from those of
+// the member function.
 #pragma once
 
 #include "operations.h"

@@ -1,5 +1,5 @@
-// Factory packets as a test station sees them: by type and name, in words and in bytes. The station
-// has its own idea of the wire format, so that it can find faults in the library's.
+// Factory packets as a test station uses them: by type and name, in words and in bytes. The wire
+// format is implemented here again, so that faults in the library's implementation are found.
 #pragma once
 
 #include <QByteArray>

@@ -38,7 +38,7 @@ Fault fault(const QJsonObject &line)
     return Fault::None;
 }
 
-/// A chunk: raw bytes after "bytes", or packets glued with "+", the first one broken if asked for.
+/// A chunk: raw bytes after "bytes", or packets joined with "+", the first one broken on request.
 QByteArray chunk(const QString &text, Fault fault)
 {
     const QString bytesWord = "bytes ";
@@ -123,7 +123,7 @@ StationTest readTest(const Catalogue &names, const QJsonObject &line)
         test.answers.append(readPacket(text));
     if (line.contains("reply")) {
         test.reply = readPacket(readText(line, "reply"));
-        // An application answers a read request; what is written the handler acknowledges itself.
+        // Applications answer read requests; the handler acknowledges write requests itself.
         if (test.reply->type != readAnswer)
             refuseValue(line, "reply", "a read-answer");
     }

@@ -1,4 +1,4 @@
-// JSON has one kind of number; which type is meant says the parameter.
+// JSON has one type of number; the parameter decides what a number becomes.
 #include "values.h"
 
 #include <QJsonArray>
@@ -43,7 +43,7 @@ QVariant asInts(const QJsonValue &value, int length)
     return isInts ? QVariant(ints) : QVariant();
 }
 
-/// A text that every reader gets back as it was written, or invalid.
+/// A text that can be written and read back unchanged, or invalid.
 QVariant asText(const QJsonValue &value)
 {
     const QString text = value.toString();
@@ -87,7 +87,7 @@ QVariant fitted(const QJsonValue &value, const Parameter &parameter)
         return asBytes(value);
     case QMetaType::QVariantList:
         return asInts(value, parameter.length);
-    case QMetaType::QVariant: // of any type, in the one it is written in
+    case QMetaType::QVariant: // any type: the one it is written in
         return value.isDouble() ? asInt(value) : value.isBool() ? value.toBool() : asText(value);
     default:
         return {};
@@ -118,7 +118,7 @@ QByteArray writtenValue(const QVariantList &arguments)
     QByteArray text;
     if (arguments.isEmpty())
         return text;
-    // An only argument that is an array itself would be taken for several.
+    // A single argument that is an array would be read as several arguments.
     const bool alone =
         arguments.size() == 1 && arguments.first().userType() != QMetaType::QVariantList;
     for (const QVariant &argument : arguments) {

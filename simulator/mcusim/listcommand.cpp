@@ -14,7 +14,7 @@ namespace mcusim {
 
 namespace {
 
-/// What the interface says of a value by its name; all else are codes of the MCU.
+/// The unit of a value, known by its name; all other values are codes of the MCU.
 QString unit(const Parameter &parameter)
 {
     static const QMap<QString, QString> units{{"kmh", "km/h"},

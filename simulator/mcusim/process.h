@@ -1,5 +1,5 @@
-// What the process shares with its surroundings: standard output and error, signals, and the quiet
-// of the library.
+// The process as the commands use it: standard streams, signals, the terminal, and a library that
+// is silent.
 #pragma once
 
 #include "refusal.h"
@@ -13,8 +13,9 @@ namespace mcusim {
 /// Exit statuses of all commands.
 enum Exit { Passed = 0, Failed = 1, Unusable = 2, Interrupted = 130 };
 
-/// To begin with: a stream that is closed takes no file's place, and what is written to it is lost
-/// as on a full disk. A pipe that nobody reads ends nothing either.
+/// Called first. A closed standard stream is opened, so that no file takes its place; writing to it
+/// fails as on a full disk. Writing to a pipe without a reader fails, too, and does not end the
+/// process.
 void secureStreams();
 
 /// Standard error as the user sees it, also while the library's own is silenced.
@@ -33,11 +34,10 @@ QString counted(qint64 count, const char *thing);
 /// The status given, or Unusable with a line on standard error when standard output lost something.
 int written(int status);
 
-/// The library writes factory packets raw to standard error, and debug lines where they are asked
-/// for: neither belongs between the lines of a command.
+/// Hides the library's debug lines and the raw factory packets that it writes to standard error.
 void silenceLibrary();
 
-/// From now on Ctrl-C, and what else ends a process, is noted instead; the second one ends it.
+/// From now on the first Ctrl-C, SIGTERM or SIGHUP is only noted; the second one ends the process.
 void noteInterrupts();
 bool wasInterrupted();
 

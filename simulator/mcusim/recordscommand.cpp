@@ -1,4 +1,4 @@
-// mcusim records: keeps the tables of the vehicle records in a page those of the library.
+// mcusim records: writes the tables of the vehicle records in a page from the library's layouts.
 #include "commandline.h"
 #include "process.h"
 #include "recordtables.h"

@@ -1,4 +1,4 @@
-// mcusim text: broadcast bytes as the text that they stand for.
+// mcusim text: shows broadcast bytes as text.
 #include "commandline.h"
 #include "process.h"
 
