@@ -28,7 +28,8 @@ void secureStreams()
         if (fcntl(stream, F_GETFD) < 0)
             open(stream == STDIN_FILENO ? "/dev/null" : "/dev/full", O_RDWR);
     }
-    std::signal(SIGPIPE, SIG_IGN);
+    for (const int limit : {SIGPIPE, SIGXFSZ})
+        std::signal(limit, SIG_IGN);
 }
 
 std::FILE *console() { return originalError; }
@@ -43,7 +44,7 @@ void put(const QString &line) { std::fputs((line + '\n').toUtf8().constData(), s
 QByteArray contentOf(QFile &file, const QString &name)
 {
     constexpr int longest = 1 << 20;
-    const QByteArray bytes = file.isOpen() ? file.read(longest + 1) : QByteArray();
+    QByteArray bytes = file.isOpen() ? file.read(longest + 1) : QByteArray();
     if (file.error() != QFileDevice::NoError)
         throw Refusal("cannot read " + name + ": " + file.errorString());
     if (bytes.size() > longest)

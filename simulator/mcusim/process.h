@@ -14,8 +14,8 @@ namespace mcusim {
 enum Exit { Passed = 0, Failed = 1, Unusable = 2, Interrupted = 130 };
 
 /// Called first. A closed standard stream is opened, so that no file takes its place; writing to it
-/// fails as on a full disk. Writing to a pipe without a reader fails, too, and does not end the
-/// process.
+/// fails as on a full disk. Writing to a pipe without a reader or beyond a limit fails, too, and
+/// does not end the process.
 void secureStreams();
 
 /// Standard error as the user sees it, also while the library's own is silenced.
