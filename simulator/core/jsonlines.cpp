@@ -278,11 +278,13 @@ bool JsonLinesFile::fill()
 
 bool JsonLinesFile::isTorn(const QByteArray &line) const
 {
+    if (!m_isAtEnd || !line.trimmed().startsWith('{'))
+        return false;
     // The parser stops where the text ends, or before the word or letter that is cut there.
     constexpr int longestRest = 4;
     QJsonParseError error{};
     QJsonDocument::fromJson(line, &error);
-    return m_isAtEnd && line.trimmed().startsWith('{') && error.error != QJsonParseError::NoError &&
+    return error.error != QJsonParseError::NoError &&
            error.error != QJsonParseError::GarbageAtEnd &&
            line.size() - error.offset <= longestRest;
 }
