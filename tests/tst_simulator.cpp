@@ -9,10 +9,13 @@
 #include <QDir>
 #include <QFile>
 #include <QJsonDocument>
-#include <QProcess>
 #include <QRegularExpression>
 #include <QTemporaryDir>
 #include <QTest>
+
+#include <cstdlib>
+
+#include <sys/wait.h>
 
 #if __has_include(<valijson/validator.hpp>)
 #define HAS_VALIJSON
@@ -42,7 +45,8 @@ QVector<Row> rows(const QString &sections)
 {
     QVector<Row> found;
     QString section;
-    for (const QString &line : QString::fromUtf8(contentOf(qEnvironmentVariable("TABLES", TABLES))).split('\n')) {
+    for (const QString &line :
+         QString::fromUtf8(contentOf(qEnvironmentVariable("TABLES", TABLES))).split('\n')) {
         if (line.startsWith('['))
             section = line;
         else if (!line.isEmpty() && !line.startsWith('#') && section.contains(sections))
@@ -193,29 +197,28 @@ private Q_SLOTS:
 
     void runs()
     {
-        QProcess process;
-        QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
+        // Not by QProcess, which does not see the end of a process under emulation.
         const QString scenarios = SIMULATOR "/scenarios/";
-        environment.insert("PATH", PROGRAMS ":" + environment.value("PATH"));
-        environment.insert("XDG_RUNTIME_DIR", m_folder.path());
-        environment.insert("LIVE", TESTS "/live.sh");
-        environment.insert("SIM", SIMULATOR);
-        environment.insert("DRIVE", scenarios + "cold-start-and-drive.jsonl");
-        environment.insert("TRUCK", scenarios + "truck-start.jsonl");
-        environment.insert("META", metadata);
-        process.setProcessEnvironment(environment);
-        process.setWorkingDirectory(m_folder.path());
+        qputenv("PATH", PROGRAMS ":" + qgetenv("PATH"));
+        qputenv("XDG_RUNTIME_DIR", m_folder.path().toUtf8());
+        qputenv("LIVE", TESTS "/live.sh");
+        qputenv("SIM", SIMULATOR);
+        qputenv("DRIVE", scenarios.toUtf8() + "cold-start-and-drive.jsonl");
+        qputenv("TRUCK", scenarios.toUtf8() + "truck-start.jsonl");
+        qputenv("META", metadata);
+        QVERIFY(QDir::setCurrent(m_folder.path()));
         for (const Row &row : rows("run")) {
-            process.start("sh", {"-c", row.what.section(' ', 1)});
-            QVERIFY(process.waitForFinished(-1));
-            const QByteArray errors = process.readAllStandardError();
-            QString output = process.readAllStandardOutput();
+            qputenv("ROW", row.what.section(' ', 1).toUtf8());
+            const int result = std::system("timeout 300 sh -c \"$ROW\" > .out 2> .err");
+            const int status = WEXITSTATUS(result);
+            const QByteArray errors = contentOf(".err");
+            QString output = contentOf(".out");
             const QByteArray all = row.what.toUtf8() + '\n' + output.toUtf8() + errors;
-            QVERIFY2(process.exitCode() == row.what.section(' ', 0, 0).toInt(), all);
-            QVERIFY2(errors.count('\n') == (process.exitCode() == 2 ? 1 : 0), all);
+            QVERIFY2(status == row.what.section(' ', 0, 0).toInt(), all);
+            QVERIFY2(errors.count('\n') == (status == 2 ? 1 : 0), all);
             if (row.outcome.startsWith('/'))
                 output.replace('\n', '/').prepend('/');
-            QVERIFY2((process.exitCode() == 2 ? errors : output).contains(row.outcome), all);
+            QVERIFY2((status == 2 ? errors : output).contains(row.outcome), all);
         }
     }
 

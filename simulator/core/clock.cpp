@@ -1,5 +1,5 @@
-// Waiting is counted from where the speed was set, so that a slow moment does not shift all that
-// follows.
+// Due times count from the moment at which the speed was set, so that one delay does not shift all
+// that follows.
 #include "clock.h"
 
 #include <algorithm>
@@ -63,7 +63,7 @@ bool VirtualTime::waitFor(qint64 moment) const
         if (!m_goOn(m_from + qint64(std::min(passed, double(moment - m_from)))))
             return false;
         const auto until = qint64(std::min(due, real + longest));
-        const timespec wakeUp{until / second, until % second};
+        const timespec wakeUp{time_t(until / second), long(until % second)};
         clock_nanosleep(CLOCK_MONOTONIC, TIMER_ABSTIME, &wakeUp, nullptr);
     }
     return m_goOn(moment);

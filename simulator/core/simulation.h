@@ -1,5 +1,4 @@
-// The library on a link: what is played goes in, and all that comes out goes to the sinks, in
-// order.
+// The library on a link: plays inputs, and passes inputs and outputs to the sinks, in order.
 #pragma once
 
 #include "catalogue.h"
@@ -28,17 +27,18 @@ public:
     const Catalogue &names() const { return m_names; }
     Clock &clock() const { return m_clock; }
 
-    /// Sinks hear in the order in which they were added, one event after another whichever thread
-    /// it happens in, and must stay until they are removed. While there is none, nothing is tapped.
+    /// Sinks receive events in the order in which they were added, one event after another, in the
+    /// thread in which it happens. They must exist until they are removed. While there is no sink,
+    /// no event is made.
     void addSink(Sink *sink);
     void removeSink(Sink *sink);
     const std::atomic<bool> &isHeard() const { return m_isHeard; }
-    /// From now on no sink hears anything. Waits for nothing, so that it can be called in a process
-    /// that was just forked, where a thread that is not there may hold the locks.
+    /// From now on no sink receives anything. Waits for nothing: after a fork, a thread that does
+    /// not exist in the child may hold the locks.
     void silence() { m_isHeard = false; }
 
-    /// Starts the library as a host application does and listens from then on. Nothing has touched
-    /// the library before.
+    /// Starts the library as a host application does and listens from then on. Nothing of the
+    /// library is called or created before.
     void start();
     /// Listens to a library that the application around it starts: to the platform and its link,
     /// whose reports are then told as the link emits them, whoever makes it do so ...
@@ -46,8 +46,8 @@ public:
     /// ... and to one of the objects that applications connect to, once it is there.
     void attach(const QObject *object);
 
-    /// Does an input at the present moment: the sinks hear of it first, then of what comes out.
-    /// Says in one line why it cannot; empty when it is done. A sink may play, too.
+    /// Plays an input at the present moment: the sinks receive it first, then the outputs. Returns
+    /// one line with the reason if it cannot be played, else an empty text. Sinks may call it.
     QString play(const Event &input);
 
 private:

@@ -1,4 +1,4 @@
-// mcusim play and mcusim verify: play scenarios and say whether what was expected came back.
+// mcusim play and mcusim verify: play scenarios and compare the outputs with what they expect.
 #include "bench.h"
 #include "commandline.h"
 #include "liveplay.h"
@@ -71,7 +71,7 @@ struct Settings {
     QStringList notCompared;
 };
 
-/// The progress of a quiet play, on the terminal.
+/// Shows the progress of a quiet play on the terminal.
 class Progress {
 public:
     explicit Progress(bool isShown) : m_isShown(isShown && isatty(fileno(console()))) {}
@@ -146,7 +146,7 @@ Play::Play(const Settings &settings, const QString &path)
       m_bench(settings.reports, [this](qint64 now) { m_progress.show(now, m_file.portion()); }),
       m_file(m_bench.names, path, [] { return !wasInterrupted(); }), m_judge(makeJudge()),
       m_compared(m_bench.names, {}, settings.notCompared),
-      // A recording has standard output for itself.
+      // With --json, standard output has the recording alone.
       m_printer(m_isJson ? console() : stdout, {settings.isWide ? 0 : terminalWidth(),
                                                 showsColour(m_isJson ? console() : stdout)}),
       m_filter(m_bench.names, settings.only, settings.except),
@@ -186,6 +186,7 @@ int Play::run(JUnitFile &junit)
 
     m_bench.simulation.start();
     const bool isAll = playAll();
+    Bench::expectOutput();
     const bool isAtEnd = isAll && !m_player.next();
     m_judge->finish(m_bench.time.now() - m_judge->tolerance(), !isAtEnd || !m_file.hasEnded());
     if (m_recorder && isAll)
@@ -314,7 +315,7 @@ int checkFile(const QString &path)
     return Passed;
 }
 
-/// Refuses what does not go together.
+/// Refuses options that exclude each other.
 Settings readPlaySettings(const CommandLine &line)
 {
     line.expectOperands(1, std::numeric_limits<int>::max(), "at least one file");
@@ -365,10 +366,10 @@ int playCommand(const QStringList &arguments)
 {
     const CommandLine line(arguments, playUsage);
     const Settings settings = readPlaySettings(line);
-    noteInterrupts();
     JUnitFile junit(line.value("junit"));
     if (line.isSet("check"))
         return runEach(line.operands(), junit, checkFile);
+    noteInterrupts();
     if (line.isSet("on"))
         return runEach(line.operands(), junit,
                        [&](const QString &path) { return playLive(line, path, junit); });
@@ -382,8 +383,8 @@ int verifyCommand(const QStringList &arguments)
     Settings settings;
     settings.tolerance = line.moment("tolerance", settings.tolerance);
     settings.notCompared = line.values("except");
-    noteInterrupts();
     JUnitFile junit(line.value("junit"));
+    noteInterrupts();
     return playEach(line, settings, junit);
 }
 
