@@ -2,7 +2,6 @@
 
 applications() { command mcusim ps | awk 'NR > 1 { print $2 }'; }
 
-
 # Starts an application and waits until other commands reach it.
 start() {
     before=$(applications)
@@ -10,8 +9,10 @@ start() {
     until [ "$(applications)" != "$before" ]; do kill -0 $! || exit; done
 }
 
-# Waits until so many clients are connected.
-clients() { until [ $(grep -c "$XDG_RUNTIME_DIR/mcusim/" /proc/net/unix) -gt $1 ]; do :; done; }
+# Waits until so many clients are connected to the only application.
+clients() {
+    until [ "$(grep -c "$XDG_RUNTIME_DIR/mcusim/" /proc/net/unix)" -gt "$1" ]; do kill -0 $! || exit; done
+}
 
 # Ends all applications; what watches them ends with them.
 stop() {
@@ -31,10 +32,12 @@ page() {
         run*) shift && start "$@" && return ;;
         monitor* | record*)
             command mcusim "$@" >> watched &
+            clients $((watchers += 1))
             return ;;
         esac
-        command mcusim "$@" < /dev/null
+        command mcusim "$@"
     }
+    watchers=0
     set -e
     . ./commands
     python3 script

@@ -177,7 +177,8 @@ int runAndPlay(const CommandLine &line, char *const *arguments)
         return std::max<int>(program.status(), Failed);
 
     program.setApplication(application->pid);
-    LiveClient client(names, *application);
+    constexpr int slowStart = 60'000;
+    LiveClient client(names, *application, slowStart);
     play.run(client);
     const bool isEnded = program.goesOn() && !wasInterrupted() && !line.isSet("keep");
     if (isEnded)
