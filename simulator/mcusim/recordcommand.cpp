@@ -43,9 +43,9 @@ int recordCommand(const QStringList &arguments)
     const int kept = line.count("keep", 0);
     SubstitutePlatform platform;
     const Catalogue names(platform);
+    noteInterrupts();
     LiveClient client(
         names, findProcess(line.operands().size() > 1 ? line.operands().first() : QString()));
-    noteInterrupts();
     const QString path = line.operands().last();
     const QString description = "recorded in " + client.process().text();
     bool isFirst = true;
