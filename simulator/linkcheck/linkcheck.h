@@ -1,0 +1,49 @@
+// What the library will miss on a platform: its wants, held against the files of the platform.
+#pragma once
+
+#include "metaobject.h"
+
+#include <QMap>
+
+#include <vector>
+
+namespace mcusim {
+
+/// The libraries that are given, and behind them all that they need and that is found.
+struct PlatformLibraries {
+    /// Also searches what is needed in these folders. Throws a Refusal for a given one.
+    PlatformLibraries(const QStringList &given, const QStringList &folders);
+
+    bool has(const QByteArray &name) const;
+
+    std::vector<ElfLibrary> all;
+    std::size_t given = 0;
+    QMap<QByteArray, QByteArray> missing; ///< by the name of a library: which one needs it
+};
+
+/// What the library does with its platform.
+struct Wants {
+    /// The library, and the signals that it connects, by class: "keyEventSgl(int,int)".
+    ElfLibrary library;
+    QMap<QByteArray, QByteArrayList> connectedSignals;
+    QByteArray linkClass; ///< the other classes are the services'
+};
+
+struct Finding {
+    enum class Weight {
+        Fault,
+        Wanted, ///< from the services, where they are not given
+        Note
+    };
+
+    Weight weight;
+    const char *kind;
+    QString what;
+    QString why;
+    QStringList near; ///< what is there instead
+};
+
+/// All findings; the first of the libraries is the link.
+QVector<Finding> checkLink(const Wants &wants, const PlatformLibraries &platform);
+
+} // namespace mcusim

@@ -1,0 +1,156 @@
+// mcusim check-link: what the library will miss on a platform, read from the platform's files.
+#include "bench.h"
+#include "commandline.h"
+
+#include "linkcheck.h"
+#include "values.h"
+
+#include "audioservice.h"
+#include "eventhandler.h"
+#include "mcuservice.h"
+#include "mcusrv.h"
+
+#include <QFile>
+#include <QJsonArray>
+#include <QJsonDocument>
+#include <QJsonObject>
+
+#include <dlfcn.h>
+
+namespace mcusim {
+
+namespace {
+
+using mcu::McuService;
+using mcu::McuSrv;
+
+QByteArrayList signalsOf(const QMetaObject &object)
+{
+    QByteArrayList found;
+    for (int i = object.methodOffset(); i < object.methodCount(); ++i) {
+        if (object.method(i).methodType() == QMetaMethod::Signal)
+            found.append(object.method(i).methodSignature());
+    }
+    return found;
+}
+
+/// The signals of the link as init() connects them, and those that the contract has of the
+/// services, which are connected on demand.
+QMap<QByteArray, QByteArrayList> connectedSignals()
+{
+    struct Open : QObject {
+        using QObject::isSignalConnected;
+    };
+    silenceLibrary();
+    Bench bench;
+    bench.simulation.start();
+    QMap<QByteArray, QByteArrayList> found;
+    const QMetaObject &link = McuSrv::staticMetaObject;
+    for (const QByteArray &signal : signalsOf(link)) {
+        const QMetaMethod method = link.method(link.indexOfSignal(signal));
+        if ((McuSrv::instance()->*&Open::isSignalConnected)(method))
+            found[link.className()].append(signal);
+    }
+    for (const QMetaObject *service :
+         {&hxaudio::AudioService::staticMetaObject, &EventHandler::staticMetaObject})
+        found[service->className()] = signalsOf(*service);
+    return found;
+}
+
+/// The library that mcusim runs on.
+QString ownLibrary()
+{
+    Dl_info info{};
+    dladdr(reinterpret_cast<void *>(&McuService::instance), &info);
+    return QFile::decodeName(info.dli_fname);
+}
+
+/// What a library connects is asked from the one that runs here, so they must be of one version.
+ElfLibrary ofThisVersion(const QString &path)
+{
+    ElfLibrary library(path);
+    for (const MetaObject &object : metaObjects(library)) {
+        if (object.className == McuService::staticMetaObject.className() &&
+            object.signalSignatures == signalsOf(McuService::staticMetaObject))
+            return library;
+    }
+    throw Refusal(path + ": not libmcuservice, or not that of this mcusim");
+}
+
+const char *title(Finding::Weight weight)
+{
+    switch (weight) {
+    case Finding::Weight::Fault:
+        return "fault";
+    case Finding::Weight::Wanted:
+        return "wanted";
+    case Finding::Weight::Note:
+        return "note";
+    }
+    return "";
+}
+
+QString text(const Finding &finding)
+{
+    QString line = QString(finding.kind).leftJustified(11) + ' ' + finding.what;
+    if (!finding.why.isEmpty())
+        line += ' ' + finding.why;
+    const bool isOther = finding.why.endsWith("there is");
+    if (!finding.near.isEmpty())
+        line += (isOther ? " " : "; similar: ") + finding.near.join(", ");
+    return printable(line);
+}
+
+QJsonObject json(const Finding &finding)
+{
+    return {{"weight", title(finding.weight)},
+            {"kind", finding.kind},
+            {"what", finding.what},
+            {"why", finding.why},
+            {"near", QJsonArray::fromStringList(finding.near)}};
+}
+
+} // namespace
+
+int checkLinkCommand(const QStringList &arguments)
+{
+    const CommandLine line(
+        arguments,
+        {"check-link",
+         "LINK [SERVICES...]",
+         "Shows all that the library will miss on a platform: in LINK, libmcusrv.so.1, and in the "
+         "services' libraries. Reads the files and runs nothing of them, so that they can be of "
+         "another processor. Without SERVICES, lists what these have to have.",
+         {{"library", "FILE", "The libmcuservice.so.1 to check for; else that of mcusim."},
+          {"search", "FOLDER", "Also search here what the platform needs (repeats).", true},
+          {"json", nullptr, "As a JSON object."}}});
+    line.expectOperands(1, 1000, "the file of the link");
+    const PlatformLibraries platform(
+        line.operands(),
+        line.values("search") +
+            qEnvironmentVariable("LD_LIBRARY_PATH").split(':', Qt::SkipEmptyParts));
+    const Wants wants{ofThisVersion(line.isSet("library") ? line.value("library") : ownLibrary()),
+                      connectedSignals(), McuSrv::staticMetaObject.className()};
+    const QVector<Finding> findings = checkLink(wants, platform);
+    const auto count = [&findings](Finding::Weight weight) {
+        return std::count_if(findings.begin(), findings.end(),
+                             [weight](const Finding &one) { return one.weight == weight; });
+    };
+    const auto faults = count(Finding::Weight::Fault);
+    if (line.isSet("json")) {
+        QJsonArray list;
+        for (const Finding &finding : findings)
+            list.append(json(finding));
+        const QJsonObject object{{"library", wants.library.path},
+                                 {"processor", wants.library.processor},
+                                 {"platform", QJsonArray::fromStringList(line.operands())},
+                                 {"findings", list}};
+        put(QJsonDocument(object).toJson(QJsonDocument::Compact));
+        return faults ? Failed : Passed;
+    }
+    for (const Finding &finding : findings)
+        put(text(finding));
+    return faults ? Failed : Passed;
+}
+
+} // namespace mcusim
