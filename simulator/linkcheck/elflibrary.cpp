@@ -52,7 +52,7 @@ QByteArray contentOf(const QString &path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         throw Refusal("cannot read " + path + ": " + file.errorString());
-    const QByteArray content = file.readAll();
+    QByteArray content = file.readAll();
     if (content.size() != file.size())
         throw Refusal("cannot read " + path + " as a whole");
     return content;
@@ -115,17 +115,17 @@ struct ElfLibrary::Tables {
     void readProcessor()
     {
         library.wordSize = header.e_ident[EI_CLASS] == ELFCLASS64 ? 8 : 4;
-        QString name = "processor " + QString::number(header.e_machine);
+        QString title = "processor " + QString::number(header.e_machine);
         for (const Machine &machine : machines) {
             if (machine.number != header.e_machine)
                 continue;
-            name = machine.name;
+            title = machine.name;
             for (const char *folder : {"/lib/", "/usr/lib/", "/usr/local/lib/"})
                 library.folders.append(QString(folder) + machine.folder);
         }
         if (header.e_machine == EM_ARM && (header.e_flags & EF_ARM_ABI_FLOAT_HARD))
-            name += " with hardware floating point";
-        library.processor = name + QString(", %1 bit").arg(library.wordSize * 8);
+            title += " with hardware floating point";
+        library.processor = title + QString(", %1 bit").arg(library.wordSize * 8);
         library.folders += {"/lib", "/usr/lib", "/lib64", "/usr/lib64", "/usr/local/lib"};
     }
 
@@ -160,9 +160,9 @@ struct ElfLibrary::Tables {
                 if (entry.d_tag != DT_RUNPATH && entry.d_tag != DT_RPATH)
                     continue;
                 const QString own = QFileInfo(library.path).absolutePath();
-                QString path = QFile::decodeName(text(section, entry.d_un.d_val));
-                path.replace("${ORIGIN}", own).replace("$ORIGIN", own);
-                library.folders = path.split(':', Qt::SkipEmptyParts) + library.folders;
+                QString found = QFile::decodeName(text(section, entry.d_un.d_val));
+                found.replace("${ORIGIN}", own).replace("$ORIGIN", own);
+                library.folders = found.split(':', Qt::SkipEmptyParts) + library.folders;
             }
         });
     }
@@ -173,7 +173,7 @@ struct ElfLibrary::Tables {
             GElf_Verneed need;
             GElf_Vernaux version;
             GElf_Verdef definition;
-            GElf_Verdaux name;
+            GElf_Verdaux first;
             const auto readVersion = [&](int offset) {
                 if (!gelf_getvernaux(section.data, offset, &version))
                     return false;
@@ -190,11 +190,11 @@ struct ElfLibrary::Tables {
             };
             const auto readDefinition = [&](int offset) {
                 if (!gelf_getverdef(section.data, offset, &definition) ||
-                    !gelf_getverdaux(section.data, offset + int(definition.vd_aux), &name))
+                    !gelf_getverdaux(section.data, offset + int(definition.vd_aux), &first))
                     return false;
                 // The base definition is the library's own name and no version.
                 if ((definition.vd_flags & VER_FLG_BASE) == 0)
-                    versions[definition.vd_ndx] = {text(section, name.vda_name), {}};
+                    versions[definition.vd_ndx] = {text(section, first.vda_name), {}};
                 return true;
             };
             if (section.header.sh_type == SHT_GNU_verneed)

@@ -18,6 +18,16 @@ bool isNamed(const ElfLibrary &library, const QByteArray &name)
     return library.name == name || QFileInfo(library.path).fileName() == QFile::decodeName(name);
 }
 
+/// The names of the libraries that the platform has to have. Those of Qt and the system provide
+/// versions.
+QByteArrayList platformNames(const ElfLibrary &library)
+{
+    QByteArrayList names = library.needed;
+    for (const Symbol &symbol : library.symbols)
+        names.removeAll(symbol.file);
+    return names;
+}
+
 /// "mcu::McuSrv" of "mcu::McuSrv::init()" and of "typeinfo for mcu::McuSrv".
 QString classOf(const QString &symbol)
 {
@@ -26,31 +36,30 @@ QString classOf(const QString &symbol)
     return symbol.section('(', 0, 0).section("::", 0, -2);
 }
 
-/// Those with the same name and other parameters; without such, those with a similar one.
+/// What stands for a method in its place: those of the same name with other parameters, else those
+/// of a similar name in the same class, else the one of the same name in the most similar class.
 QStringList nearest(const QString &wanted, const QStringList &there)
 {
-    const QString name = wanted.section('(', 0, 0);
-    const QString shortName = name.section("::", -1);
-    const int limit = std::max(1, shortName.size() / 3);
-    QVector<QPair<int, QString>> found;
-    for (const QString &other : there) {
-        const QString otherName = other.section('(', 0, 0);
-        if (std::abs(otherName.section("::", -1).size() - shortName.size()) > limit)
+    const auto nameOf = [](const QString &method) { return method.section('(', 0, 0); };
+    const auto shortName = [](const QString &name) { return name.section("::", -1).toLower(); };
+    const QString name = nameOf(wanted);
+    QMultiMap<int, QString> same, similar, elsewhere;
+    for (const QString &method : there) {
+        const QString other = nameOf(method);
+        const int away = distance(shortName(other), shortName(name));
+        if (!method.contains('('))
             continue;
-        const int away = distance(shortName.toLower(), otherName.section("::", -1).toLower());
-        const bool isAlike = away <= limit && other.contains('(') == wanted.contains('(');
-        if (isAlike)
-            found.append({otherName == name ? 0 : 1 + away, other});
+        if (other == name)
+            same.insert(0, method);
+        else if (classOf(method) == classOf(wanted) &&
+                 away <= std::max(1, shortName(name).size() / 3))
+            similar.insert(away, method);
+        else if (away == 0)
+            elsewhere.insert(distance(other, name), method);
     }
-    std::stable_sort(found.begin(), found.end(),
-                     [](const auto &a, const auto &b) { return a.first < b.first; });
-    QStringList names;
-    for (const auto &one : found) {
-        const bool isAsNear = one.first > 0 || found.first().first == 0;
-        if (names.size() < 3 && isAsNear && (one.first == 0) == (found.first().first == 0))
-            names.append(one.second);
-    }
-    return names;
+    if (!same.isEmpty())
+        return same.values();
+    return similar.isEmpty() ? elsewhere.values().mid(0, 1) : similar.values().mid(0, 3);
 }
 
 class Check {
@@ -127,13 +136,11 @@ private:
 
     void checkNames()
     {
-        QByteArrayList names = m_wants.library.needed;
-        for (const Symbol &symbol : m_wants.library.symbols)
-            names.removeAll(symbol.file); // Qt and the system have versions
+        const QByteArrayList names = platformNames(m_wants.library);
         const ElfLibrary &link = m_platform.all.front();
         if (!m_wants.library.needed.contains(link.name))
-            add(Weight::Fault, "name", link.name, "is not loaded by the library, which loads these",
-                QString(names.join('\n')).split('\n'));
+            add(Weight::Fault, "name", link.name,
+                "is not loaded by the library; that loads " + names.join(" and "));
         for (const QByteArray &name : names) {
             if (!m_platform.has(name))
                 add(m_hasServices ? Weight::Fault : Weight::Wanted, "name", name,
@@ -143,15 +150,16 @@ private:
 
     void checkOperations()
     {
-        QMap<QString, QVector<const Symbol *>> classes;
+        QMap<QString, QMap<QString, const Symbol *>> classes;
         for (const Symbol &symbol : m_wants.library.symbols) {
             // What has a version is Qt's or the system's, if it is not a given library's.
             const bool isPlatforms =
                 symbol.version.isEmpty() ||
                 std::any_of(m_platform.all.begin(), m_platform.all.begin() + int(m_platform.given),
                             [&](const ElfLibrary &one) { return isNamed(one, symbol.file); });
+            const QString text = demangled(symbol.name);
             if (symbol.isWanted && isPlatforms && !isProvided(symbol))
-                classes[classOf(demangled(symbol.name))].append(&symbol);
+                classes[classOf(text)].insert(text, &symbol);
         }
         for (auto one = classes.cbegin(); one != classes.cend(); ++one) {
             const Weight weight = weightOf(one.key());
@@ -160,7 +168,7 @@ private:
                     return symbol.startsWith(one.key() + "::");
                 });
             if (weight == Weight::Fault && !isThere && !one.key().isEmpty())
-                add(weight, "class", one.key(), "is missing");
+                add(weight, "class", one.key(), "exports nothing");
             for (const Symbol *symbol : one.value())
                 checkMissing(weight, *symbol);
         }
@@ -174,7 +182,7 @@ private:
         for (std::size_t i = 0; i < m_platform.given; ++i) {
             if (m_platform.all[i].hidden.contains(symbol.name))
                 return add(weight, "operation", text,
-                           "is in " + m_platform.all[i].path + ", but not exported");
+                           "is not exported by " + m_platform.all[i].name);
         }
         addMissing(weight, "operation", text, nearest(text, m_there));
     }
@@ -183,8 +191,7 @@ private:
     {
         const QString name = text.section('(', 0, 0) + '(';
         const bool isOther = !near.isEmpty() && near.first().startsWith(name);
-        add(weight, kind, text,
-            isOther ? "is missing; with other parameters there is" : "is missing", near);
+        add(weight, kind, text, isOther ? "exists only with other parameters" : "is missing", near);
     }
 
     void checkSignals(const QByteArray &className)
@@ -192,8 +199,7 @@ private:
         const Weight weight = weightOf(className);
         const QByteArrayList wanted = m_wants.connectedSignals[className];
         if (weight == Weight::Fault && !m_metaObjects.contains(className)) {
-            add(weight, "meta-object", className,
-                QString("has none of Qt 5, so none of its %1 signals").arg(wanted.size()));
+            add(weight, "meta-object", className, "is missing: no Q_OBJECT, or not of Qt 5");
         }
         QStringList declared, others;
         MetaObject object = m_metaObjects.value(className);
@@ -224,18 +230,20 @@ private:
     {
         for (auto one = m_platform.missing.cbegin(); one != m_platform.missing.cend(); ++one)
             add(Weight::Note, "not found", one.key(),
-                "which " + one.value() + " needs; what it may have is not judged");
+                "for " + one.value() + "; what only it may have is not judged");
         for (std::size_t i = 0; i < m_platform.given; ++i) {
+            QStringList unresolved;
             for (const Symbol &symbol : m_platform.all[i].symbols) {
                 const bool isJudged = symbol.file.isEmpty()
                                           ? m_platform.missing.isEmpty()
                                           : !m_platform.missing.contains(symbol.file);
-                if (!symbol.isWanted || !isJudged || isProvided(symbol))
-                    continue;
                 const QString version = symbol.version.isEmpty() ? "" : '@' + symbol.version;
-                add(Weight::Fault, "unresolved", demangled(symbol.name) + version,
-                    "which " + m_platform.all[i].path + " needs");
+                if (symbol.isWanted && isJudged && !isProvided(symbol))
+                    unresolved.append(demangled(symbol.name) + version);
             }
+            unresolved.sort();
+            for (const QString &name : unresolved)
+                add(Weight::Fault, "unresolved", name, "is missing for " + m_platform.all[i].name);
         }
     }
 
@@ -250,30 +258,39 @@ private:
 
 } // namespace
 
-PlatformLibraries::PlatformLibraries(const QStringList &paths, const QStringList &folders)
+PlatformLibraries::PlatformLibraries(const QStringList &paths, const QStringList &folders,
+                                     const ElfLibrary &library)
+    : given(std::size_t(paths.size()))
 {
     for (const QString &path : paths)
         all.emplace_back(path);
-    given = all.size();
+    for (const QByteArray &name : library.needed) {
+        if (!platformNames(library).contains(name))
+            load(name, library, folders);
+    }
     for (std::size_t i = 0; i < all.size(); ++i) {
-        for (const QByteArray &name : QByteArrayList(all[i].needed)) {
-            const QStringList searched =
-                folders + QStringList(QFileInfo(all[i].path).path()) + all[i].folders;
-            for (const QString &folder : searched) {
-                const QString path = folder + '/' + QFile::decodeName(name);
-                if (has(name) || !QFileInfo(path).isFile())
-                    continue;
-                try {
-                    ElfLibrary found(path);
-                    if (found.processor == all[i].processor)
-                        all.push_back(std::move(found));
-                } catch (const Refusal &) { // as the dynamic linker, which searches on
-                }
-            }
-            if (!has(name))
-                missing.insert(name, all[i].name);
+        const ElfLibrary user = all[i];
+        for (const QByteArray &name : user.needed)
+            load(name, user, folders + QStringList(QFileInfo(user.path).path()));
+    }
+}
+
+void PlatformLibraries::load(const QByteArray &name, const ElfLibrary &user,
+                             const QStringList &folders)
+{
+    for (const QString &folder : folders + user.folders) {
+        const QString path = folder + '/' + QFile::decodeName(name);
+        if (has(name) || !QFileInfo(path).isFile())
+            continue;
+        try {
+            ElfLibrary found(path);
+            if (found.processor == user.processor)
+                all.push_back(std::move(found));
+        } catch (const Refusal &) { // as the dynamic linker, which searches on
         }
     }
+    if (!has(name))
+        missing.insert(name, user.name);
 }
 
 bool PlatformLibraries::has(const QByteArray &name) const

@@ -9,24 +9,29 @@
 
 namespace mcusim {
 
-/// The libraries that are given, and behind them all that they need and that is found.
-struct PlatformLibraries {
-    /// Also searches what is needed in these folders. Throws a Refusal for a given one.
-    PlatformLibraries(const QStringList &given, const QStringList &folders);
+/// The libraries that are given, and behind them all that is loaded with them and is found.
+class PlatformLibraries {
+public:
+    /// A library loads its own needs too, except those that a platform has. Everything is also
+    /// searched in these folders. Throws a Refusal for a given one.
+    PlatformLibraries(const QStringList &given, const QStringList &folders,
+                      const ElfLibrary &library);
 
     bool has(const QByteArray &name) const;
 
     std::vector<ElfLibrary> all;
-    std::size_t given = 0;
+    std::size_t given;
     QMap<QByteArray, QByteArray> missing; ///< by the name of a library: which one needs it
+
+private:
+    void load(const QByteArray &name, const ElfLibrary &user, const QStringList &folders);
 };
 
 /// What the library does with its platform.
 struct Wants {
-    /// The library, and the signals that it connects, by class: "keyEventSgl(int,int)".
     ElfLibrary library;
-    QMap<QByteArray, QByteArrayList> connectedSignals;
-    QByteArray linkClass; ///< the other classes are the services'
+    QMap<QByteArray, QByteArrayList> connectedSignals; ///< by class: "keyEventSgl(int,int)"
+    QByteArray linkClass;                              ///< the other classes are the services'
 };
 
 struct Finding {

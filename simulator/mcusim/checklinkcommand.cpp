@@ -77,33 +77,48 @@ ElfLibrary ofThisVersion(const QString &path)
     throw Refusal(path + ": not libmcuservice, or not that of this mcusim");
 }
 
-const char *title(Finding::Weight weight)
-{
-    switch (weight) {
-    case Finding::Weight::Fault:
-        return "fault";
-    case Finding::Weight::Wanted:
-        return "wanted";
-    case Finding::Weight::Note:
-        return "note";
-    }
-    return "";
-}
+struct WeightInfo {
+    Finding::Weight weight;
+    const char *heading;
+    const char *name; ///< in JSON
+};
+
+constexpr WeightInfo weights[]{
+    {Finding::Weight::Fault, "Faults", "fault"},
+    {Finding::Weight::Wanted, "Wanted from the services", "wanted"},
+    {Finding::Weight::Note, "Not found here", "note"},
+};
 
 QString text(const Finding &finding)
 {
-    QString line = QString(finding.kind).leftJustified(11) + ' ' + finding.what;
+    QString line = QString("  ") + finding.kind;
+    line = line.leftJustified(14) + finding.what;
     if (!finding.why.isEmpty())
         line += ' ' + finding.why;
-    const bool isOther = finding.why.endsWith("there is");
     if (!finding.near.isEmpty())
-        line += (isOther ? " " : "; similar: ") + finding.near.join(", ");
+        line += "; there is " + finding.near.join(", ");
     return printable(line);
+}
+
+void putTable(const QVector<Finding> &findings)
+{
+    for (const WeightInfo &info : weights) {
+        QStringList lines;
+        for (const Finding &finding : findings) {
+            if (finding.weight == info.weight)
+                lines.append(text(finding));
+        }
+        if (lines.isEmpty() && info.weight != Finding::Weight::Fault)
+            continue;
+        put(QString("%1: %2").arg(info.heading).arg(lines.size()));
+        for (const QString &line : lines)
+            put(line);
+    }
 }
 
 QJsonObject json(const Finding &finding)
 {
-    return {{"weight", title(finding.weight)},
+    return {{"weight", weights[int(finding.weight)].name},
             {"kind", finding.kind},
             {"what", finding.what},
             {"why", finding.why},
@@ -125,18 +140,16 @@ int checkLinkCommand(const QStringList &arguments)
           {"search", "FOLDER", "Also search here what the platform needs (repeats).", true},
           {"json", nullptr, "As a JSON object."}}});
     line.expectOperands(1, 1000, "the file of the link");
-    const PlatformLibraries platform(
-        line.operands(),
-        line.values("search") +
-            qEnvironmentVariable("LD_LIBRARY_PATH").split(':', Qt::SkipEmptyParts));
     const Wants wants{ofThisVersion(line.isSet("library") ? line.value("library") : ownLibrary()),
                       connectedSignals(), McuSrv::staticMetaObject.className()};
+    const QStringList folders =
+        line.values("search") +
+        qEnvironmentVariable("LD_LIBRARY_PATH").split(':', Qt::SkipEmptyParts);
+    const PlatformLibraries platform(line.operands(), folders, wants.library);
     const QVector<Finding> findings = checkLink(wants, platform);
-    const auto count = [&findings](Finding::Weight weight) {
-        return std::count_if(findings.begin(), findings.end(),
-                             [weight](const Finding &one) { return one.weight == weight; });
-    };
-    const auto faults = count(Finding::Weight::Fault);
+    const bool isFaulty = std::any_of(findings.begin(), findings.end(), [](const Finding &one) {
+        return one.weight == Finding::Weight::Fault;
+    });
     if (line.isSet("json")) {
         QJsonArray list;
         for (const Finding &finding : findings)
@@ -146,11 +159,10 @@ int checkLinkCommand(const QStringList &arguments)
                                  {"platform", QJsonArray::fromStringList(line.operands())},
                                  {"findings", list}};
         put(QJsonDocument(object).toJson(QJsonDocument::Compact));
-        return faults ? Failed : Passed;
+    } else {
+        putTable(findings);
     }
-    for (const Finding &finding : findings)
-        put(text(finding));
-    return faults ? Failed : Passed;
+    return isFaulty ? Failed : Passed;
 }
 
 } // namespace mcusim
