@@ -23,7 +23,7 @@ using namespace mcusim;
 
 namespace {
 
-/// A row "what => outcome" of simulator.txt, and its section.
+/// A row "what => outcome" of a table, and its section.
 struct Row {
     QString section;
     QString what;
@@ -40,7 +40,10 @@ QVector<Row> rows(const QString &sections)
 {
     QVector<Row> found;
     QString section;
-    for (const QString &line : QString::fromUtf8(contentOf(TABLES)).split('\n')) {
+    QByteArray tables;
+    for (const QString &table : QString(TABLES).split(':'))
+        tables += contentOf(table);
+    for (const QString &line : QString::fromUtf8(tables).split('\n')) {
         if (line.startsWith('['))
             section = line;
         else if (!line.isEmpty() && !line.startsWith('#') && section.contains(sections))
@@ -181,6 +184,11 @@ private Q_SLOTS:
         environment.insert("DRIVE", scenarios + "cold-start-and-drive.jsonl");
         environment.insert("TRUCK", scenarios + "truck-start.jsonl");
         environment.insert("META", metadata);
+        environment.insert("SUBSTITUTE", PLATFORMS "/substitute");
+        environment.insert("SAMPLE", PLATFORMS "/sample");
+        const QString broken = PLATFORMS "/sample/broken/lib/";
+        environment.insert("CHECK_BROKEN", "mcusim check-link " + broken + "libmcusrv.so.1 " +
+                                               broken + "libmcuplatform.so.1");
         process.setProcessEnvironment(environment);
         process.setWorkingDirectory(m_folder.path());
         for (const Row &row : rows("run")) {
