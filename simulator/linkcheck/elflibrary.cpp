@@ -32,18 +32,6 @@ struct Section {
     Elf_Data *data;
 };
 
-/// All offsets in a version table lead forward, so that a damaged one ends, too.
-template <typename Entry, typename Next>
-void walk(const Section &section, GElf_Word first, Entry entry, Next next)
-{
-    quint64 offset = first;
-    while (offset < section.data->d_size) {
-        if (!entry(int(offset)) || next() == 0)
-            return;
-        offset += next();
-    }
-}
-
 QByteArray contentOf(const QString &path)
 {
     const QFileInfo info(path);
@@ -52,10 +40,7 @@ QByteArray contentOf(const QString &path)
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly))
         throw Refusal("cannot read " + path + ": " + file.errorString());
-    QByteArray content = file.readAll();
-    if (content.size() != file.size())
-        throw Refusal("cannot read " + path + " as a whole");
-    return content;
+    return file.readAll();
 }
 
 } // namespace
@@ -78,13 +63,13 @@ struct ElfLibrary::Tables {
     [[noreturn]] void refuse(const char *why) const { throw Refusal(library.path + ": " + why); }
 
     template <typename Use>
-    void eachOf(std::initializer_list<GElf_Word> types, Use use)
+    void eachOf(GElf_Word type, Use use)
     {
         for (Elf_Scn *section = nullptr; (section = elf_nextscn(elf.get(), section));) {
             GElf_Shdr found;
             if (!gelf_getshdr(section, &found))
                 refuse("damaged: a section has no header");
-            if (std::find(types.begin(), types.end(), found.sh_type) == types.end())
+            if (found.sh_type != type)
                 continue;
             Elf_Data *data = elf_getdata(section, nullptr);
             if (!data || (!data->d_buf && data->d_size > 0))
@@ -99,11 +84,6 @@ struct ElfLibrary::Tables {
         if (!found)
             refuse("damaged: a name is not in the file");
         return found;
-    }
-
-    int count(const Section &section, Elf_Type type) const
-    {
-        return int(section.data->d_size / gelf_fsize(elf.get(), type, 1, EV_CURRENT));
     }
 
     ElfLibrary &library;
@@ -147,94 +127,73 @@ struct ElfLibrary::Tables {
 
     void readNeeds()
     {
-        eachOf({SHT_DYNAMIC}, [this](const Section &section) {
-            for (int i = 0; i < count(section, ELF_T_DYN); ++i) {
-                GElf_Dyn entry;
-                gelf_getdyn(section.data, i, &entry);
-                if (entry.d_tag == DT_NULL)
-                    break;
+        eachOf(SHT_DYNAMIC, [this](const Section &section) {
+            GElf_Dyn entry{};
+            for (int i = 0; gelf_getdyn(section.data, i, &entry) && entry.d_tag != DT_NULL; ++i) {
                 if (entry.d_tag == DT_NEEDED)
                     library.needed.append(text(section, entry.d_un.d_val));
                 if (entry.d_tag == DT_SONAME)
                     library.name = text(section, entry.d_un.d_val);
-                if (entry.d_tag != DT_RUNPATH && entry.d_tag != DT_RPATH)
-                    continue;
-                const QString own = QFileInfo(library.path).absolutePath();
-                QString found = QFile::decodeName(text(section, entry.d_un.d_val));
-                found.replace("${ORIGIN}", own).replace("$ORIGIN", own);
-                library.folders = found.split(':', Qt::SkipEmptyParts) + library.folders;
             }
         });
     }
 
     void readVersions()
     {
-        eachOf({SHT_GNU_verneed, SHT_GNU_verdef}, [this](const Section &section) {
+        // Each entry says how far the next one is, forward, so that a damaged table ends, too.
+        eachOf(SHT_GNU_verneed, [this](const Section &section) {
             GElf_Verneed need;
-            GElf_Vernaux version;
-            GElf_Verdef definition;
-            GElf_Verdaux first;
-            const auto readVersion = [&](int offset) {
-                if (!gelf_getvernaux(section.data, offset, &version))
-                    return false;
-                versions[version.vna_other & 0x7fff] = {text(section, version.vna_name),
-                                                        text(section, need.vn_file)};
-                return true;
-            };
-            const auto readNeed = [&](int offset) {
-                if (!gelf_getverneed(section.data, offset, &need))
-                    return false;
-                walk(section, GElf_Word(offset) + need.vn_aux, readVersion,
-                     [&version] { return version.vna_next; });
-                return true;
-            };
-            const auto readDefinition = [&](int offset) {
-                if (!gelf_getverdef(section.data, offset, &definition) ||
-                    !gelf_getverdaux(section.data, offset + int(definition.vd_aux), &first))
-                    return false;
-                // The base definition is the library's own name and no version.
-                if ((definition.vd_flags & VER_FLG_BASE) == 0)
-                    versions[definition.vd_ndx] = {text(section, first.vda_name), {}};
-                return true;
-            };
-            if (section.header.sh_type == SHT_GNU_verneed)
-                walk(section, 0, readNeed, [&need] { return need.vn_next; });
-            else
-                walk(section, 0, readDefinition, [&definition] { return definition.vd_next; });
+            for (qint64 at = 0; gelf_getverneed(section.data, int(at), &need); at += need.vn_next) {
+                GElf_Vernaux entry;
+                for (qint64 in = at + need.vn_aux; gelf_getvernaux(section.data, int(in), &entry);
+                     in += entry.vna_next) {
+                    versions[entry.vna_other] = {text(section, entry.vna_name),
+                                                 text(section, need.vn_file)};
+                    if (entry.vna_next == 0)
+                        break;
+                }
+                if (need.vn_next == 0)
+                    break;
+            }
+        });
+        eachOf(SHT_GNU_verdef, [this](const Section &section) {
+            GElf_Verdef version;
+            GElf_Verdaux entry;
+            for (qint64 at = 0; gelf_getverdef(section.data, int(at), &version) &&
+                                gelf_getverdaux(section.data, int(at + version.vd_aux), &entry);
+                 at += version.vd_next) {
+                // The base is the name of the library and no version.
+                if ((version.vd_flags & VER_FLG_BASE) == 0)
+                    versions[version.vd_ndx] = {text(section, entry.vda_name), {}};
+                if (version.vd_next == 0)
+                    break;
+            }
         });
     }
 
     void readSymbols()
     {
-        const auto isOwn = [](const GElf_Sym &symbol) {
-            return GELF_ST_BIND(symbol.st_info) == STB_LOCAL ||
-                   GELF_ST_VISIBILITY(symbol.st_other) == STV_HIDDEN ||
-                   GELF_ST_VISIBILITY(symbol.st_other) == STV_INTERNAL;
-        };
-        eachOf({SHT_DYNSYM, SHT_SYMTAB}, [&](const Section &section) {
-            for (int i = 0; i < count(section, ELF_T_SYM); ++i) {
-                GElf_Sym entry;
-                gelf_getsym(section.data, i, &entry);
+        eachOf(SHT_DYNSYM, [this](const Section &section) {
+            GElf_Sym entry;
+            for (int i = 0; gelf_getsym(section.data, i, &entry); ++i) {
                 const bool isDefined = entry.st_shndx != SHN_UNDEF;
-                Symbol symbol{text(section, entry.st_name), {}, {}, entry.st_value, false, false};
-                if (section.header.sh_type == SHT_SYMTAB) {
-                    if (isDefined && isOwn(entry))
-                        library.hidden.insert(symbol.name);
-                    continue;
-                }
-                symbol.isDefined = isDefined && !isOwn(entry);
-                symbol.isWanted = !isDefined && GELF_ST_BIND(entry.st_info) == STB_GLOBAL;
-                library.symbols.append(symbol);
+                const auto binding = GELF_ST_BIND(entry.st_info);
+                library.symbols.append({text(section, entry.st_name),
+                                        {},
+                                        {},
+                                        entry.st_value,
+                                        isDefined && binding != STB_LOCAL,
+                                        !isDefined && binding == STB_GLOBAL});
             }
         });
         if (library.symbols.isEmpty())
             refuse("damaged, or without a table of dynamic symbols");
-        eachOf({SHT_GNU_versym}, [this](const Section &section) {
-            const int known = std::min(count(section, ELF_T_HALF), library.symbols.size());
-            for (int i = 0; i < known; ++i) {
-                GElf_Versym number;
-                gelf_getversym(section.data, i, &number);
-                const auto version = versions.value(number & 0x7fff);
+        eachOf(SHT_GNU_versym, [this](const Section &section) {
+            constexpr int hiddenVersion = 0x8000; // no default for others
+            GElf_Versym number;
+            for (int i = 0; i < library.symbols.size() && gelf_getversym(section.data, i, &number);
+                 ++i) {
+                const auto version = versions.value(number & ~hiddenVersion);
                 library.symbols[i].version = version.first;
                 library.symbols[i].file = version.second;
             }
@@ -243,22 +202,16 @@ struct ElfLibrary::Tables {
 
     void readRelocations()
     {
-        eachOf({SHT_RELA, SHT_REL}, [this](const Section &section) {
-            if ((section.header.sh_flags & SHF_ALLOC) == 0)
-                return;
-            const bool isInPlace = section.header.sh_type == SHT_REL;
-            for (int i = 0; i < count(section, isInPlace ? ELF_T_REL : ELF_T_RELA); ++i) {
-                GElf_Rela entry{};
-                GElf_Rel inPlace{};
-                if (isInPlace) {
-                    gelf_getrel(section.data, i, &inPlace);
-                    entry = {inPlace.r_offset, inPlace.r_info, 0};
-                } else {
-                    gelf_getrela(section.data, i, &entry);
-                }
+        eachOf(SHT_RELA, [this](const Section &section) {
+            GElf_Rela entry;
+            for (int i = 0; gelf_getrela(section.data, i, &entry); ++i)
                 library.m_relocations[entry.r_offset] = {quint64(entry.r_addend),
-                                                         int(GELF_R_SYM(entry.r_info)), isInPlace};
-            }
+                                                         int(GELF_R_SYM(entry.r_info)), false};
+        });
+        eachOf(SHT_REL, [this](const Section &section) {
+            GElf_Rel entry;
+            for (int i = 0; gelf_getrel(section.data, i, &entry); ++i)
+                library.m_relocations[entry.r_offset] = {0, int(GELF_R_SYM(entry.r_info)), true};
         });
     }
 };

@@ -3,7 +3,6 @@
 
 #include <QByteArray>
 #include <QHash>
-#include <QSet>
 #include <QStringList>
 #include <QVector>
 
@@ -33,10 +32,9 @@ public:
     QString path;
     QByteArray name;         ///< by which others load it
     QString processor;       ///< "arm64, 64 bit"
-    QStringList folders;     ///< in which it searches what it needs, and those of its processor
+    QStringList folders;     ///< of the system's libraries for its processor
     QByteArrayList needed;   ///< libraries, by name
     QVector<Symbol> symbols; ///< in the order of its table
-    QSet<QByteArray> hidden; ///< names that it defines for itself alone, unless it is stripped
     int wordSize = 0;
 
     /// Its memory as loaded; what is outside of it reads as 0 and as an empty text.

@@ -12,8 +12,8 @@ namespace mcusim {
 /// The libraries that are given, and behind them all that is loaded with them and is found.
 class PlatformLibraries {
 public:
-    /// A library loads its own needs too, except those that a platform has. Everything is also
-    /// searched in these folders. Throws a Refusal for a given one.
+    /// A library loads its own needs, too. All is searched in these folders, next to the library
+    /// that needs it, and where the system has its libraries. Throws a Refusal for a given one.
     PlatformLibraries(const QStringList &given, const QStringList &folders,
                       const ElfLibrary &library);
 
@@ -24,7 +24,7 @@ public:
     QMap<QByteArray, QByteArray> missing; ///< by the name of a library: which one needs it
 
 private:
-    void load(const QByteArray &name, const ElfLibrary &user, const QStringList &folders);
+    void load(const ElfLibrary &user, const QStringList &folders);
 };
 
 /// What the library does with its platform.
@@ -35,13 +35,7 @@ struct Wants {
 };
 
 struct Finding {
-    enum class Weight {
-        Fault,
-        Wanted, ///< from the services, where they are not given
-        Note
-    };
-
-    Weight weight;
+    const char *weight; ///< "fault"; "wanted" from services that are not given; "note"
     const char *kind;
     QString what;
     QString why;

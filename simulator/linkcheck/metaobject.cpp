@@ -33,15 +33,15 @@ public:
 
     MetaObject read() const
     {
-        MetaObject object{className(), superClass(), {}, {}};
+        MetaObject object{className(), superClass(), {}};
         constexpr quint32 most = 100'000;
         for (quint32 i = 0; i < std::min(number(MethodCount), most); ++i) {
             const quint32 method = number(MethodTable) + i * MethodSize;
             const QByteArray signature = signatureOf(method);
             if (signature.isEmpty())
                 break;
-            const bool isSignal = (number(method + MethodFlags) & methodTypeMask) == signalType;
-            (isSignal ? object.signalSignatures : object.otherSignatures).append(signature);
+            if ((number(method + MethodFlags) & methodTypeMask) == signalType)
+                object.signatures.append(signature);
         }
         return object;
     }

@@ -7,10 +7,8 @@ namespace mcusim {
 
 struct MetaObject {
     QByteArray className;
-    QByteArray superClass; ///< empty without
-    /// "keyEventSgl(int,int)"
-    QByteArrayList signalSignatures;
-    QByteArrayList otherSignatures;
+    QByteArray superClass;     ///< empty without
+    QByteArrayList signatures; ///< of its signals: "keyEventSgl(int,int)"
 };
 
 /// Those of Qt 5, exported or not.

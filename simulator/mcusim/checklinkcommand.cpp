@@ -71,54 +71,24 @@ ElfLibrary ofThisVersion(const QString &path)
     ElfLibrary library(path);
     for (const MetaObject &object : metaObjects(library)) {
         if (object.className == McuService::staticMetaObject.className() &&
-            object.signalSignatures == signalsOf(McuService::staticMetaObject))
+            object.signatures == signalsOf(McuService::staticMetaObject))
             return library;
     }
     throw Refusal(path + ": not libmcuservice, or not that of this mcusim");
 }
 
-struct WeightInfo {
-    Finding::Weight weight;
-    const char *heading;
-    const char *name; ///< in JSON
-};
-
-constexpr WeightInfo weights[]{
-    {Finding::Weight::Fault, "Faults", "fault"},
-    {Finding::Weight::Wanted, "Wanted from the services", "wanted"},
-    {Finding::Weight::Note, "Not found here", "note"},
-};
-
 QString text(const Finding &finding)
 {
-    QString line = QString("  ") + finding.kind;
-    line = line.leftJustified(14) + finding.what;
-    if (!finding.why.isEmpty())
-        line += ' ' + finding.why;
+    QString line = QString(finding.weight).leftJustified(8) +
+                   QString(finding.kind).leftJustified(12) + finding.what + ' ' + finding.why;
     if (!finding.near.isEmpty())
         line += "; there is " + finding.near.join(", ");
     return printable(line);
 }
 
-void putTable(const QVector<Finding> &findings)
-{
-    for (const WeightInfo &info : weights) {
-        QStringList lines;
-        for (const Finding &finding : findings) {
-            if (finding.weight == info.weight)
-                lines.append(text(finding));
-        }
-        if (lines.isEmpty() && info.weight != Finding::Weight::Fault)
-            continue;
-        put(QString("%1: %2").arg(info.heading).arg(lines.size()));
-        for (const QString &line : lines)
-            put(line);
-    }
-}
-
 QJsonObject json(const Finding &finding)
 {
-    return {{"weight", weights[int(finding.weight)].name},
+    return {{"weight", finding.weight},
             {"kind", finding.kind},
             {"what", finding.what},
             {"why", finding.why},
@@ -147,22 +117,23 @@ int checkLinkCommand(const QStringList &arguments)
         qEnvironmentVariable("LD_LIBRARY_PATH").split(':', Qt::SkipEmptyParts);
     const PlatformLibraries platform(line.operands(), folders, wants.library);
     const QVector<Finding> findings = checkLink(wants, platform);
-    const bool isFaulty = std::any_of(findings.begin(), findings.end(), [](const Finding &one) {
-        return one.weight == Finding::Weight::Fault;
-    });
-    if (line.isSet("json")) {
-        QJsonArray list;
-        for (const Finding &finding : findings)
-            list.append(json(finding));
-        const QJsonObject object{{"library", wants.library.path},
-                                 {"processor", wants.library.processor},
-                                 {"platform", QJsonArray::fromStringList(line.operands())},
-                                 {"findings", list}};
-        put(QJsonDocument(object).toJson(QJsonDocument::Compact));
-    } else {
-        putTable(findings);
+    QJsonArray list;
+    int faults = 0;
+    for (const Finding &finding : findings) {
+        faults += qstrcmp(finding.weight, "fault") == 0 ? 1 : 0;
+        list.append(json(finding));
+        if (!line.isSet("json"))
+            put(text(finding));
     }
-    return isFaulty ? Failed : Passed;
+    if (!line.isSet("json"))
+        put(counted(faults, "fault"));
+    else
+        put(QJsonDocument(QJsonObject{{"library", wants.library.path},
+                                      {"processor", wants.library.processor},
+                                      {"platform", QJsonArray::fromStringList(line.operands())},
+                                      {"findings", list}})
+                .toJson(QJsonDocument::Compact));
+    return faults > 0 ? Failed : Passed;
 }
 
 } // namespace mcusim
