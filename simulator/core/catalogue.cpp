@@ -40,7 +40,7 @@ Signature signature(Kind kind, const QMetaMethod &method, const QString &prefix 
     return signature;
 }
 
-/// Reads the values for one signature, or says why they do not fit.
+/// Reads the values for one signature, or returns why they do not fit.
 QString readFor(const Signature &signature, const QJsonArray &values, QVariantList *arguments)
 {
     const int expected = signature.parameters.size();
@@ -218,7 +218,7 @@ Event Catalogue::read(Kind kind, const QString &name, const QJsonValue &value) c
                       suggestion(name, kind));
     }
     for (const Signature *candidate : candidates) {
-        // An only argument that is an array itself stands alone, too.
+        // A single argument that is an array may stand alone, too.
         const bool alone = candidate->parameters.size() == 1 &&
                            (candidate->parameters[0].type == QMetaType::QVariantList
                                 ? !value.toArray().at(0).isArray()
@@ -251,7 +251,7 @@ QString Catalogue::suggestion(const QString &text, std::optional<Kind> kind) con
         int away = std::min(distance(wanted, name), distance(wantedShort, shortName));
         if (wantedShort.size() > 3 && shortName.startsWith(wantedShort))
             away = std::min(away, 1);
-        // A slip in the name is likelier than one in the kind.
+        // A misspelt name is likelier than a wrong kind.
         if (away <= limit)
             likes.push_back({away + (signature.kind == kind ? 0 : 2), &signature});
     }

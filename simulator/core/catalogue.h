@@ -23,7 +23,7 @@ struct Signature {
     Kind kind = Kind::Report;
     QString name; ///< "keyEventSgl", "McuService.SetVolume"
     QVector<Parameter> parameters;
-    /// Does it, and returns what an operation returns; null for what only comes out.
+    /// Plays an input, and returns the result of an operation; null for outputs.
     std::function<QVariant(const QVariantList &values)> play;
     const Signature *answer = nullptr;              ///< of an operation that returns something
     const mcu::RecordDescription *record = nullptr; ///< of a signal that carries one
@@ -48,7 +48,7 @@ const QVector<ApplicationObject> &applicationObjects();
 
 class Catalogue {
 public:
-    /// Makes no object of the library and calls nothing.
+    /// Creates no object of the library and calls no operation.
     explicit Catalogue(Platform &platform);
     Catalogue(const Catalogue &) = delete;
     Catalogue &operator=(const Catalogue &) = delete;
@@ -68,13 +68,12 @@ public:
     /// may stand alone, none is no value. Throws a Refusal.
     Event read(Kind kind, const QString &name, const QJsonValue &value) const;
 
-    /// "; did you mean ..." with what is like a text, in any kind and class; of like ones those of
-    /// the kind first.
+    /// "; did you mean ..." with the names that are like a text, of any kind and class; those of
+    /// the given kind come first.
     QString suggestion(const QString &text, std::optional<Kind> kind = {}) const;
 
 private:
     void add(Signature signature);
-    void addLink(Platform &platform);
     void addOperations();
     void addApplicationSignals();
 

@@ -1,5 +1,5 @@
-// Waiting is counted from where the speed was set, so that a slow moment does not shift all that
-// follows.
+// Due times count from the moment at which the speed was set, so that one delay does not shift all
+// that follows.
 #include "clock.h"
 
 #include <algorithm>

@@ -1,5 +1,5 @@
-// The time that a simulation runs on: virtual, for files and tests, or the real one of an event
-// loop, for all that is live.
+// The clock of a simulation: virtual for files and tests, real for live programs with an event
+// loop.
 #pragma once
 
 #include "virtualclock.h"
@@ -23,11 +23,11 @@ public:
     virtual void settle() = 0;
 };
 
-/// Moves at a multiple of real time or without waiting at all; every timer fires at its very moment
-/// at any speed.
+/// Moves at a multiple of real time or without waiting; at any speed, every timer fires at exactly
+/// its due time.
 class VirtualTime : public Clock {
 public:
-    /// Asked before each move and several times a second while waiting; false stops.
+    /// Called before each move and several times per second while waiting; false stops.
     using GoOn = std::function<bool(qint64 now)>;
 
     VirtualTime(substitute::VirtualClock *clock, GoOn goOn);

@@ -1,4 +1,5 @@
-// The one currency of the tools: something that happened at a moment, with its values.
+// The type that sources, simulations and sinks exchange: what happened at a moment, with its
+// values.
 #pragma once
 
 #include <QVariantList>
@@ -11,12 +12,12 @@ struct Signature;
 
 enum class Kind { Report, Call, Setting, Signal, Answer, Command, Platform };
 
-/// All that depends on the kind of an event alone.
+/// What depends only on the kind of an event.
 struct KindInfo {
     const char *key;     ///< in a line of a scenario
     const char *mark;    ///< at the head of an aligned line
     const char *colour;  ///< of the mark and the name on a terminal
-    bool isInput;        ///< played into the library, as against coming out of it
+    bool isInput;        ///< played into the library; the others come out of it
     const char *title;   ///< in messages
     const char *heading; ///< of the list of its names
 };
@@ -45,8 +46,8 @@ struct Event {
     bool isInput() const;
     /// "keyEventSgl(163, 0)".
     QString text() const;
-    /// The same with the same values, whenever. Types count: a QVariant alone takes 0 and false for
-    /// equal, where a parameter may be either.
+    /// The same with the same values, at any moment. Types count: QVariant compares 0 and false as
+    /// equal, and some parameters take either.
     bool sameAs(const Event &other) const
     {
         return what == other.what &&
@@ -57,7 +58,7 @@ struct Event {
     }
 };
 
-/// Hears of every event of a simulation, played or come out, in order.
+/// Receives every event of a simulation, inputs and outputs, in order.
 class Sink {
 public:
     virtual ~Sink() = default;

@@ -6,8 +6,11 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <string_view>
+#include <vector>
 
 #include <fcntl.h>
 #include <poll.h>
@@ -18,32 +21,40 @@ namespace mcusim {
 
 namespace {
 
-int countKeys(const QJsonValue &value)
+/// A key as it is meant: a letter may be written as an escape sequence.
+std::string unescaped(std::string_view key)
 {
-    const QJsonObject object = value.toObject();
-    const QJsonArray array = value.toArray();
-    int count = object.size();
-    for (const QJsonValue &member : object)
-        count += countKeys(member);
-    for (const QJsonValue &item : array)
-        count += countKeys(item);
-    return count;
+    if (key.find('\\') == key.npos)
+        return std::string(key);
+    const QByteArray array = "[\"" + QByteArray(key.data(), int(key.size())) + "\"]";
+    return QJsonDocument::fromJson(array).array().at(0).toString().toStdString();
 }
 
-/// One for each key that was written.
-int countColons(const QByteArray &line)
+/// Looks at the text, because the parser keeps only the last of several keys.
+void refuseRepeatedKeys(const QByteArray &line)
 {
-    int count = 0;
-    bool inText = false;
-    for (const char *c = line.begin(); c < line.end(); ++c) {
-        if (*c == '"')
-            inText = !inText;
-        else if (*c == '\\')
-            ++c;
-        else if (*c == ':' && !inText)
-            ++count;
+    std::vector<std::vector<std::string>> open; // the keys of each object that has not ended
+    std::string_view text;                      // the last one, a key if a colon follows
+    for (int i = 0; i < line.size(); ++i) {
+        const char c = line[i];
+        if (c == '"') {
+            const int begin = ++i;
+            while (i < line.size() && line[i] != '"')
+                i += line[i] == '\\' ? 2 : 1;
+            text = {line.constData() + begin, std::size_t(std::min(i, line.size()) - begin)};
+        } else if (c == '{') {
+            open.emplace_back();
+        } else if (c == ':' && !open.empty()) {
+            open.back().push_back(unescaped(text));
+        } else if (c == '}' && !open.empty()) {
+            std::vector<std::string> &keys = open.back();
+            std::sort(keys.begin(), keys.end());
+            const auto repeated = std::adjacent_find(keys.begin(), keys.end());
+            if (repeated != keys.end())
+                throw Refusal(excerpt(QString::fromStdString(*repeated)) + " is there twice");
+            open.pop_back();
+        }
     }
-    return count;
 }
 
 } // namespace
@@ -92,6 +103,7 @@ QByteArray LineReader::rest()
 
 QJsonObject readObject(const QByteArray &line)
 {
+    refuseRepeatedKeys(line);
     QJsonParseError error{};
     const QJsonDocument document = QJsonDocument::fromJson(line, &error);
     if (!document.isObject()) {
@@ -99,17 +111,10 @@ QJsonObject readObject(const QByteArray &line)
                       (document.isArray()
                            ? "found an array"
                            : error.errorString() + " at column " + QString::number(error.offset)) +
-                      "), got " + excerpt(QString::fromUtf8(line.left(200))));
+                      "), got " +
+                      excerpt(QString::fromUtf8(line.constData(), std::min(line.size(), 200))));
     }
-    QJsonObject object = document.object();
-    if (countKeys(object) != countColons(line)) {
-        for (const QString &key : object.keys()) {
-            if (line.count('"' + key.toUtf8() + '"') > 1)
-                throw Refusal(excerpt(key) + " is there twice");
-        }
-        throw Refusal("a key is there twice");
-    }
-    return object;
+    return document.object();
 }
 
 void allowKeys(const QJsonObject &object, const QStringList &keys)
@@ -143,10 +148,11 @@ bool readFlag(const QJsonObject &object, const char *key)
 }
 
 JsonLinesFile::JsonLinesFile(const QString &path, GoOn goOn, const QStringList &metadataKeys)
-    : m_name(path == "-" ? "standard input" : path), m_goOn(std::move(goOn)),
+    : m_name(path == "-" ? "standard input" : printable(path)), m_goOn(std::move(goOn)),
       m_metadataKeys(metadataKeys),
       m_descriptor(path == "-" ? dup(STDIN_FILENO)
-                               : open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC))
+                               : open(QFile::encodeName(path).constData(),
+                                      O_RDONLY | O_CLOEXEC | O_NONBLOCK))
 {
     struct stat about {};
     const bool exists = m_descriptor >= 0 && fstat(m_descriptor, &about) == 0;
@@ -154,6 +160,7 @@ JsonLinesFile::JsonLinesFile(const QString &path, GoOn goOn, const QStringList &
         throw Refusal("cannot read " + m_name + ": " + qt_error_string(exists ? EISDIR : errno));
     if (S_ISREG(about.st_mode))
         m_size = about.st_size;
+    m_start = lseek(m_descriptor, 0, SEEK_CUR); // standard input may be in the middle of a file
     readMetadata();
 }
 
@@ -161,7 +168,7 @@ JsonLinesFile::~JsonLinesFile() { close(m_descriptor); }
 
 void JsonLinesFile::rewind()
 {
-    lseek(m_descriptor, 0, SEEK_SET);
+    lseek(m_descriptor, m_start, SEEK_SET);
     m_lines = {};
     m_read = 0;
     m_count = m_tornLine = 0;
@@ -232,7 +239,7 @@ bool JsonLinesFile::advance()
     return false;
 }
 
-/// The last line may come without its end.
+/// The last line may have no line end.
 bool JsonLinesFile::nextLine(QByteArray *line)
 {
     try {
@@ -252,10 +259,11 @@ bool JsonLinesFile::nextLine(QByteArray *line)
 /// Reads more; false when there is nothing more.
 bool JsonLinesFile::fill()
 {
+    // Waits here alone: neither read() nor open() returns for a pipe without a writer.
     constexpr int interval = 200;
     pollfd input{m_descriptor, POLLIN, 0};
-    while (m_goOn && poll(&input, 1, interval) <= 0) {
-        m_wasInterrupted = !m_goOn();
+    while (poll(&input, 1, interval) <= 0) {
+        m_wasInterrupted = m_goOn && !m_goOn();
         if (m_wasInterrupted)
             return false;
     }
@@ -270,7 +278,15 @@ bool JsonLinesFile::fill()
 
 bool JsonLinesFile::isTorn(const QByteArray &line) const
 {
-    return m_isAtEnd && line.trimmed().startsWith('{') && QJsonDocument::fromJson(line).isNull();
+    if (!m_isAtEnd || !line.trimmed().startsWith('{'))
+        return false;
+    // The parser stops where the text ends, or before the word or letter that is cut there.
+    constexpr int longestRest = 4;
+    QJsonParseError error{};
+    QJsonDocument::fromJson(line, &error);
+    return error.error != QJsonParseError::NoError &&
+           error.error != QJsonParseError::GarbageAtEnd &&
+           line.size() - error.offset <= longestRest;
 }
 
 Refusal JsonLinesFile::located(const Refusal &refusal) const

@@ -1,5 +1,5 @@
-// JSON Lines: bytes as they arrive become lines, lines become objects with nothing in them that
-// nobody reads.
+// JSON Lines: cuts bytes into lines as they arrive, and reads lines into objects that have no key
+// twice and no unknown one.
 #pragma once
 
 #include "refusal.h"
@@ -18,12 +18,12 @@ public:
     static constexpr int longest = 1 << 20;
 
     void feed(const char *bytes, int size);
-    /// The next line without its end; false when it is not whole yet. A Refusal for a line that is
-    /// too long; the next call goes on with the line after it.
+    /// The next line without its end; false when it is not complete yet. Throws a Refusal for a
+    /// line that is too long; the next call continues with the line after it.
     bool next(QByteArray *line);
-    /// The last line when no line end closes it; empty without such.
+    /// The last line if it has no line end; empty otherwise.
     QByteArray rest();
-    /// The number of the line last given.
+    /// The number of the line last returned.
     int number() const { return m_number; }
 
 private:
@@ -40,22 +40,23 @@ QJsonObject readObject(const QByteArray &line);
 void allowKeys(const QJsonObject &object, const QStringList &keys);
 /// Throws a Refusal that names the key, what it expects and its value.
 [[noreturn]] void refuseValue(const QJsonObject &object, const char *key, const char *expected);
-/// What a key holds; empty and false without the key. Throws a Refusal for another type.
+/// The value of a key; empty and false without the key. Throws a Refusal for another type.
 QString readText(const QJsonObject &object, const char *key);
 bool readFlag(const QJsonObject &object, const char *key);
 
-/// A file, a pipe or, as "-", standard input, with its metadata in the first line and one thing in
-/// each other. It is read as it is asked for: what a pipe brings is there as soon as its line is.
+/// A file, a pipe or, as "-", standard input, with its metadata in the first line and one item in
+/// each line after it. Reads no further than to the next item: a line from a pipe can be used as
+/// soon as it has arrived.
 class JsonLinesFile {
 public:
-    /// Asked several times a second while a pipe brings nothing; false ends the waiting.
+    /// Called several times per second while a pipe has no data; false ends the waiting.
     using GoOn = std::function<bool()>;
 
     struct Metadata {
         QString description;
-        /// All that came out is there: playing it must give exactly that again.
+        /// Has all outputs: playing it must produce exactly these again.
         bool recording = false;
-        /// A recording that closes with an end mark, so that a cut one is noticed.
+        /// Ends with an end mark, so that a cut recording is noticed.
         bool end = false;
     };
 
@@ -65,7 +66,7 @@ public:
 
     const QString &name() const { return m_name; }
     const Metadata &metadata() const { return m_metadata; }
-    /// How many things have been read.
+    /// How many items have been read.
     int count() const { return m_count; }
     /// Whether the end mark has been read.
     bool hasEnded() const { return m_hasEnded; }
@@ -73,7 +74,7 @@ public:
     bool isCut() const { return m_tornLine > 0 || (m_metadata.end && !m_hasEnded); }
     QString warning() const;
 
-    /// Only a regular file can begin again.
+    /// Only a regular file can be read again from its start.
     bool isRegular() const { return m_size >= 0; }
     virtual void rewind();
     /// How much of a regular file has been read, from 0 to 1.
@@ -84,7 +85,7 @@ protected:
     /// Refusal with name and line.
     JsonLinesFile(const QString &path, GoOn goOn, const QStringList &metadataKeys);
 
-    /// Reads on to the next thing. False at the end, and when the waiting was ended.
+    /// Reads the next item. False at the end, and when the waiting was ended.
     bool advance();
     /// Takes a line; false when it is the end mark.
     virtual bool take(const QJsonObject &line) = 0;
@@ -104,6 +105,7 @@ private:
     QStringList m_metadataKeys;
     int m_descriptor;
     qint64 m_size = -1;
+    qint64 m_start = 0;
     qint64 m_read = 0;
     bool m_isAtEnd = false;
     bool m_wasInterrupted = false;

@@ -121,132 +121,87 @@ QVector<Operation> ofService()
 QVector<Operation> ofRadio()
 {
     using Object = mcu::McuRadioInterface;
-    return {CALL(tune, "freq"),
-            CALL(mute, "val"),
-            CALL(setRdsOnOff, "state"),
-            CALL(seekForward, ""),
-            CALL(seekBackward, ""),
-            CALL(autoScan, ""),
-            CALL(terminate, ""),
-            CALL(searchPty, "type"),
-            CALL(dismissTaAlarm, ""),
+    return {// Tuner
+            CALL(tune, "freq"), CALL(mute, "val"), CALL(setRdsOnOff, "state"),
+            CALL(seekForward, ""), CALL(seekBackward, ""), CALL(autoScan, ""), CALL(terminate, ""),
+            CALL(searchPty, "type"), CALL(dismissTaAlarm, ""),
             CALL(setFMRange, "lowFreq, highFreq, step"),
-            CALL(setAMRange, "lowFreq, highFreq, step"),
-            CALL(setTaOnOff, "onoff"),
-            CALL(setAfOnOff, "onoff"),
-            CALL(setCtOnOff, "onoff"),
-            CALL(set_tuner_step, "step"),
-            CALL(onTunerStateChanged, "state"),
-            CALL(onSimulateNewsState, "state")};
+            CALL(setAMRange, "lowFreq, highFreq, step"), CALL(setTaOnOff, "onoff"),
+            CALL(setAfOnOff, "onoff"), CALL(setCtOnOff, "onoff"), CALL(set_tuner_step, "step"),
+            // Slots
+            CALL(onTunerStateChanged, "state"), CALL(onSimulateNewsState, "state")};
 }
 
 QVector<Operation> ofAutoTest()
 {
     using Object = mcu::AutoTestHandler;
-    return {CALL(start, ""),
-            CALL(stop, ""),
-            CALL(isInAutotestMode, ""),
-            CALL(isKeyDetect, ""),
+    return {// State
+            CALL(start, ""), CALL(stop, ""), CALL(isInAutotestMode, ""), CALL(isKeyDetect, ""),
+            // Answers to the station
             overload<Object, void, int, int, const QByteArray &>(
                 "sendReadInfo", &Object::sendReadInfo, "did, item, data"),
             overload<Object, void, int, const QByteArray &>("sendReadInfo", &Object::sendReadInfo,
                                                             "did, data"),
-            CALL(sendWriteInfo, "did, item, data"),
-            CALL(sendFeedbackInfo, "did, item, data"),
-            CALL(sendBootDoneSuccess, ""),
-            CALL(sendBTSearchSuccess, ""),
-            CALL(sendBTConnSuccess, ""),
-            CALL(sendBTDownPhoneBookSuccess, ""),
+            CALL(sendWriteInfo, "did, item, data"), CALL(sendFeedbackInfo, "did, item, data"),
+            CALL(sendBootDoneSuccess, ""), CALL(sendBTSearchSuccess, ""),
+            CALL(sendBTConnSuccess, ""), CALL(sendBTDownPhoneBookSuccess, ""),
             CALL(sendBTCallSuccess, "")};
 }
 
 QVector<Operation> ofManager()
 {
     using Object = McuManager;
-    return {CALL(mcuTestVersion, ""),
-            CALL(mcuUserVersion, ""),
-            CALL(cpSerialNumber, ""),
-            CALL(parkingState, ""),
-            CALL(reverseState, ""),
-            CALL(headlightState, ""),
-            CALL(getAmpStatus, ""),
-            CALL(getSysBootState, ""),
-            CALL(autotestStatus, ""),
-            CALL(isUsbOverCurrent, ""),
-            CALL(isMcuNeedRenew, ""),
-            CALL(isMcuDateTimeReady, ""),
+    return {// Queries
+            CALL(mcuTestVersion, ""), CALL(mcuUserVersion, ""), CALL(cpSerialNumber, ""),
+            CALL(parkingState, ""), CALL(reverseState, ""), CALL(headlightState, ""),
+            CALL(getAmpStatus, ""), CALL(getSysBootState, ""), CALL(autotestStatus, ""),
+            CALL(isUsbOverCurrent, ""), CALL(isMcuNeedRenew, ""), CALL(isMcuDateTimeReady, ""),
             CALL(isAttOn, ""),
-            CALL(updateAudioChannel, "channel"),
-            CALL(updateAudioStatus, "status"),
-            CALL(audioStatus, ""),
-            CALL(isContainAudioInterrupt, ""),
-            CALL(checkEventOffRestoreMute, ""),
-            CALL(updateCPAAStatus, "status"),
-            CALL(setCpPhone, "on"),
-            CALL(setCPConnected, "connected"),
-            CALL(setVolume, "level"),
+
+            // Audio
+            CALL(updateAudioChannel, "channel"), CALL(updateAudioStatus, "status"),
+            CALL(audioStatus, ""), CALL(isContainAudioInterrupt, ""),
+            CALL(checkEventOffRestoreMute, ""), CALL(updateCPAAStatus, "status"),
+            CALL(setCpPhone, "on"), CALL(setCPConnected, "connected"), CALL(setVolume, "level"),
             CALL(setMute, "mute"),
             overload<Object, void, bool>("setAudioMute", &Object::setAudioMute, "mute"),
             overload<Object, void, int, int>("setAudioMute", &Object::setAudioMute, "mute, type"),
-            CALL(setAudioMute2, "mute, type"),
-            CALL(duckAudio, "type, level"),
-            CALL(unduckAudio, "type"),
-            CALL(isDucking, ""),
-            CALL(triggerAtt, "on"),
-            CALL(triggerBeep, "type"),
-            CALL(setBalanceFader, "balance, fader"),
-            CALL(setSubwooferlevel, "level"),
-            CALL(setSubwooferPhase, "phase"),
-            CALL(setFrCrossover, "type, value"),
-            CALL(setAmpDelayState, "state"),
-            CALL(setAudioTimerDelay, "type, delays"),
-            CALL(updateBtInputLevel, "level"),
-            CALL(requestRadioInitData, ""),
-            CALL(setRadioRDSonoff, "on"),
-            CALL(setRadioTAonoff, "on"),
-            CALL(setRadioAFonoff, "on"),
-            CALL(setDabAntPower, "on"),
-            CALL(requestWheelStudyState, ""),
-            CALL(notifyWheelDopStart, "on"),
-            CALL(notifyWheelReset, ""),
-            CALL(notifyWheelDopReset, ""),
-            CALL(notifyWheelDopClear, ""),
-            CALL(notifyWheelStudyKey, "key"),
-            CALL(notifyWheelStudyMode, ""),
-            CALL(notifyWheelTestMode, ""),
-            CALL(notifyWheelNormalMode, ""),
-            CALL(notifyWheelAbandonMode, ""),
-            CALL(setDopSwc, "key, action, value"),
-            CALL(sendStwCarTypeToMcu, "type"),
-            CALL(setWatchDogEnable, "enable"),
-            CALL(setUpgradeState, "state"),
-            CALL(setMonitorState, "state"),
-            CALL(setVcomValue, "value"),
-            CALL(setLoopBack, "on"),
-            CALL(setPowerOffDelay, "on"),
-            CALL(setDestCode, "dest, demo"),
-            CALL(setGpsAntAttach, ""),
-            CALL(notifyFactoryReset, ""),
-            CALL(requestTaillineState, ""),
-            CALL(requestSetupInitData, ""),
-            CALL(requestSetupInitData1, ""),
-            CALL(requestDtcFlagInfoData, ""),
-            CALL(updateArmVersion, "version"),
-            CALL(updateBtAddress, "address"),
-            CALL(updateCameraSetup, "on"),
-            CALL(updateTouchCoordinate, "state, x, y"),
-            CALL(updateDeviceStatus, "type, status"),
-            CALL(setNCMTestMode, ""),
-            CALL(setEnterCameraIntr, "on"),
-            CALL(updateMediaSourceState, "source"),
-            CALL(updateMediaRadioFreq, "freq"),
-            CALL(updateMediaId3, "first, second, third"),
-            CALL(updateBTState, "connected"),
-            CALL(updateBtDeveciname, "name"),
-            CALL(updateCallState, "state"),
-            CALL(updateCallNumber, "number"),
-            CALL(updateCallName, "name"),
+            CALL(setAudioMute2, "mute, type"), CALL(duckAudio, "type, level"),
+            CALL(unduckAudio, "type"), CALL(isDucking, ""), CALL(triggerAtt, "on"),
+            CALL(triggerBeep, "type"), CALL(setBalanceFader, "balance, fader"),
+            CALL(setSubwooferlevel, "level"), CALL(setSubwooferPhase, "phase"),
+            CALL(setFrCrossover, "type, value"), CALL(setAmpDelayState, "state"),
+            CALL(setAudioTimerDelay, "type, delays"), CALL(updateBtInputLevel, "level"),
+
+            // Radio and steering wheel
+            CALL(requestRadioInitData, ""), CALL(setRadioRDSonoff, "on"),
+            CALL(setRadioTAonoff, "on"), CALL(setRadioAFonoff, "on"), CALL(setDabAntPower, "on"),
+            CALL(requestWheelStudyState, ""), CALL(notifyWheelDopStart, "on"),
+            CALL(notifyWheelReset, ""), CALL(notifyWheelDopReset, ""),
+            CALL(notifyWheelDopClear, ""), CALL(notifyWheelStudyKey, "key"),
+            CALL(notifyWheelStudyMode, ""), CALL(notifyWheelTestMode, ""),
+            CALL(notifyWheelNormalMode, ""), CALL(notifyWheelAbandonMode, ""),
+            CALL(setDopSwc, "key, action, value"), CALL(sendStwCarTypeToMcu, "type"),
+
+            // The unit
+            CALL(setWatchDogEnable, "enable"), CALL(setUpgradeState, "state"),
+            CALL(setMonitorState, "state"), CALL(setVcomValue, "value"), CALL(setLoopBack, "on"),
+            CALL(setPowerOffDelay, "on"), CALL(setDestCode, "dest, demo"),
+            CALL(setGpsAntAttach, ""), CALL(notifyFactoryReset, ""), CALL(requestTaillineState, ""),
+            CALL(requestSetupInitData, ""), CALL(requestSetupInitData1, ""),
+            CALL(requestDtcFlagInfoData, ""), CALL(updateArmVersion, "version"),
+            CALL(updateBtAddress, "address"), CALL(updateCameraSetup, "on"),
+            CALL(updateTouchCoordinate, "state, x, y"), CALL(updateDeviceStatus, "type, status"),
+            CALL(setNCMTestMode, ""), CALL(setEnterCameraIntr, "on"),
+
+            // Media and calls
+            CALL(updateMediaSourceState, "source"), CALL(updateMediaRadioFreq, "freq"),
+            CALL(updateMediaId3, "first, second, third"), CALL(updateBTState, "connected"),
+            CALL(updateBtDeveciname, "name"), CALL(updateCallState, "state"),
+            CALL(updateCallNumber, "number"), CALL(updateCallName, "name"),
             CALL(updateCallTime, "a, b, c"),
+
+            // Updates
             overload<Object, QString, McuManager::UpdateFile>("findUpdateFile",
                                                               &Object::findUpdateFile, "file"),
             overload<Object, QString, McuManager::UpdateFile, QString, bool>(
@@ -255,8 +210,9 @@ QVector<Operation> ofManager()
                                                         "folder, name"),
             overload<Object, QString, QString, QString, QString, bool>(
                 "findUpdateFile", &Object::findUpdateFile, "folder, name, mountKey, forceSd"),
-            CALL(onVolumeChanged, "muteState, vol, type"),
-            CALL(onCarplayAlertStart, ""),
+
+            // Slots
+            CALL(onVolumeChanged, "muteState, vol, type"), CALL(onCarplayAlertStart, ""),
             CALL(onCarplayAlertStop, "")};
 }
 

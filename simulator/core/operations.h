@@ -23,7 +23,7 @@ struct Operation {
     QString name; ///< "McuService.SetVolume"
     QVector<Parameter> parameters;
     int result; ///< QMetaType of what it returns; Void for nothing
-    /// Calls it on an object of its class, or on the one that applications reach when it is null.
+    /// Calls it on an object of its class; null stands for the one that applications use.
     std::function<QVariant(QObject *object, const QVariantList &arguments)> call;
 };
 

@@ -1,5 +1,5 @@
-// How the table of operations is made: the types of a member function, taken from the function
-// itself, turn into what a scenario writes.
+// Makes the entries of the table of operations: the types that a scenario writes come from those of
+// the member function.
 #pragma once
 
 #include "operations.h"
@@ -12,22 +12,14 @@
 
 namespace mcusim {
 
-/// How an argument type looks in a scenario; enumerations are written as numbers.
+/// How an argument type looks in a scenario; enumerations and bytes are written as numbers.
 template <typename Argument>
 struct Written {
-    using Type = std::conditional_t<std::is_enum_v<Argument>, int, Argument>;
+    using Type =
+        std::conditional_t<std::is_enum_v<Argument> || std::is_same_v<Argument, unsigned char>, int,
+                           Argument>;
     static constexpr int length = 0;
     static Argument from(const QVariant &value) { return Argument(value.value<Type>()); }
-};
-
-template <>
-struct Written<unsigned char> {
-    using Type = int;
-    static constexpr int length = 0;
-    static unsigned char from(const QVariant &value)
-    {
-        return static_cast<unsigned char>(value.toInt());
-    }
 };
 
 template <>
@@ -59,15 +51,6 @@ struct Written<int *> {
 
 template <typename Argument>
 using WrittenAs = Written<std::remove_cv_t<std::remove_reference_t<Argument>>>;
-
-template <typename Result>
-int resultType()
-{
-    if constexpr (std::is_void_v<Result>)
-        return QMetaType::Void;
-    else
-        return qMetaTypeId<typename WrittenAs<Result>::Type>();
-}
 
 /// How many names a text such as "mute, type" has.
 constexpr int countNames(const char *names)
@@ -102,7 +85,7 @@ Operation makeOperation(const char *name, Method method, const char *names,
     return {className.section(QStringLiteral("::"), -1) + '.' + name,
             {{qMetaTypeId<typename WrittenAs<Arguments>::Type>(), given[int(I)],
               WrittenAs<Arguments>::length}...},
-            resultType<Result>(),
+            qMetaTypeId<typename WrittenAs<Result>::Type>(),
             call};
 }
 

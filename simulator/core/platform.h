@@ -1,5 +1,5 @@
-// The part of a simulation that depends on the platform: how its link reports, how its commands are
-// noticed, what can be set. All else goes through meta-objects and works on any link.
+// The part of a simulation that depends on the platform: how its link reports, how commands are
+// noticed, what can be set. All else uses meta-objects and works on any link.
 #pragma once
 
 #include "event.h"
@@ -11,7 +11,7 @@
 
 namespace mcusim {
 
-/// A platform with a link of which nothing but the public class is known.
+/// A platform of whose link only the public class is known.
 class Platform {
 public:
     /// Something that can be set or called there, by name.

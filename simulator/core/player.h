@@ -1,4 +1,4 @@
-// Feeds a scenario into a simulation at the moments that it says.
+// Plays the events of a scenario into a simulation at their moments.
 #pragma once
 
 #include "judge.h"
@@ -18,7 +18,7 @@ public:
     /// Called when a start() ends, with the reason if a line cannot be read.
     using Stopped = std::function<void(const QString &why)>;
 
-    /// Without a judge what the scenario expects is not compared.
+    /// Without a judge, expected lines are not compared.
     Player(Source source, Simulation &simulation, Judge *judge);
 
     /// Moves to the next line and plays it. False at the end, and when the clock was stopped.

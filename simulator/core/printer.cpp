@@ -41,7 +41,7 @@ void Printer::hear(const Event &event)
 
     QString line = head;
     int room = std::max(m_look.width, narrowest) - columns(head);
-    // False when there is no room; then what fits of it, if part of it says anything, and "...".
+    // False when there is no room; then appends what fits if the text is divisible, and "...".
     const auto append = [&](QString text, const char *colour, bool isLast, bool isDivisible) {
         const int space = isLast ? room : room - more.size();
         const bool fits = m_look.width == 0 || columns(text) <= space;

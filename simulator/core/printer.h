@@ -1,4 +1,4 @@
-// How events look to people: one line each.
+// Shows events to people, one line per event.
 #pragma once
 
 #include "catalogue.h"

@@ -1,5 +1,5 @@
-// How the tools say no: one line that names what was expected, thrown where it is noticed and shown
-// or sent back where the input came from.
+// Why a tool refuses its input: one line that names what was expected, thrown where the fault is
+// found, and shown or sent back where the input came from.
 #pragma once
 
 #include <QString>

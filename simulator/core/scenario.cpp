@@ -22,7 +22,7 @@ constexpr qint64 aDay = 86'400'000;
 
 qint64 readTimestamp(const QJsonObject &line)
 {
-    // A date since 1970 is far below it, in milliseconds far above.
+    // A date since 1970 in seconds is far below it, in milliseconds far above.
     constexpr double latest = 1e10;
     const double timestamp = line.value(QLatin1String("timestamp")).toDouble(-1);
     if (timestamp > latest)

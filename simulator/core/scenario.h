@@ -9,8 +9,7 @@
 
 namespace mcusim {
 
-/// An event of the object of a line; its time is the timestamp as it stands there. Throws a
-/// Refusal.
+/// The event of a line; its time is the timestamp of the line. Throws a Refusal.
 Event readEvent(const Catalogue &names, const QJsonObject &line);
 
 class ScenarioFile : public JsonLinesFile {

@@ -16,7 +16,7 @@ void Simulation::start()
 {
     listenToPlatform();
     mcu::McuService::instance()->init();
-    // Only now, as applications do: the manager has a command for the link when it is made.
+    // After init(), as in an application: the manager sends a command when it is created.
     listenToApplications();
 }
 
@@ -60,7 +60,7 @@ QString Simulation::play(const Event &input)
     const QVariant result = input.what->play(input.values);
     if (input.what->answer)
         tell(input.what->answer, {result});
-    // What a sink plays from inside another input is part of that.
+    // An input that a sink plays during another one belongs to that one.
     if (--m_playing == 0)
         m_clock.settle();
     return {};
@@ -81,7 +81,7 @@ void Simulation::tell(Kind kind, const QString &name, const QVariantList &values
             what = &known;
     }
     if (!what) {
-        // Nobody can name it in a scenario, but nothing that comes is lost.
+        // It has no name for scenarios, but no output is lost.
         Signature &unlisted = m_unlisted.emplace_back();
         unlisted.kind = kind;
         unlisted.name = name;

@@ -1,5 +1,4 @@
-// The library on a link: what is played goes in, and all that comes out goes to the sinks, in
-// order.
+// The library on a link: plays inputs, and passes inputs and outputs to the sinks, in order.
 #pragma once
 
 #include "catalogue.h"
@@ -22,17 +21,17 @@ public:
     const Catalogue &names() const { return m_names; }
     Clock &clock() const { return m_clock; }
 
-    /// Sinks hear in the order in which they were added, and must stay.
+    /// Sinks receive events in the order in which they were added, and must outlive the simulation.
     void addSink(Sink *sink) { m_sinks.push_back(sink); }
 
-    /// Starts the library as a host application does and listens from then on. Nothing has touched
-    /// the library before.
+    /// Starts the library as a host application does and listens from then on. Nothing of the
+    /// library is called or created before.
     void start();
     /// Listens to a library that the application around it starts.
     void attach();
 
-    /// Does an input at the present moment: the sinks hear of it first, then of what comes out.
-    /// Says in one line why it cannot; empty when it is done. A sink may play, too.
+    /// Plays an input at the present moment: the sinks receive it first, then the outputs. Returns
+    /// one line with the reason if it cannot be played, else an empty text. Sinks may call it.
     QString play(const Event &input);
 
 private:

@@ -1,4 +1,4 @@
-// The small sinks: what counts, records and filters what passes.
+// The small sinks: they count, record and filter events.
 #pragma once
 
 #include "scenario.h"
@@ -25,13 +25,13 @@ private:
     qint64 m_time = 0;                    ///< of the last event
 };
 
-/// Writes what passes as lines of a scenario.
+/// Writes events as lines of a scenario.
 class Recorder : public Sink {
 public:
     Recorder(std::FILE *file, const JsonLinesFile::Metadata &metadata);
 
     void hear(const Event &event) override { write(writtenEvent(event)); }
-    /// Nothing more comes, up to this moment.
+    /// Ends the recording at this moment.
     void finish(qint64 time);
 
 private:
@@ -41,14 +41,14 @@ private:
     bool m_marksEnd;
 };
 
-/// Hands on what people asked for: globs over names ("syncSpeed*", "McuService.sync*"), classes
+/// Passes on the selected events: globs over names ("syncSpeed*", "McuService.sync*"), classes
 /// ("McuManager") and kinds, by the key of a scenario line ("signal").
 class Filter : public Sink {
 public:
     /// Throws a Refusal for a glob that nothing matches.
     Filter(const Catalogue &names, const QStringList &only, const QStringList &except);
 
-    /// To whom, or null for nobody.
+    /// Receives the selected events; null for none.
     void setSink(Sink *sink) { m_sink = sink; }
     void hear(const Event &event) override
     {

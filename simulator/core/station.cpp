@@ -1,4 +1,4 @@
-// Runs a test on virtual time: the answers have their time limit, and no one waits for it.
+// Runs a test in virtual time, so that the time limits of answers cost no real time.
 #include "station.h"
 
 #include "autotesthandler.h"

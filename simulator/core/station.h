@@ -1,4 +1,4 @@
-// The factory test station: sends packets through a simulation and holds what comes back against a
+// The factory test station: sends packets through a simulation and compares what comes back with a
 // test.
 #pragma once
 

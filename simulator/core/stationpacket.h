@@ -1,5 +1,5 @@
-// Factory packets as a test station sees them: by type and name, in words and in bytes. The station
-// has its own idea of the wire format, so that it can find faults in the library's.
+// Factory packets as a test station uses them: by type and name, in words and in bytes. The wire
+// format is implemented here again, so that faults in the library's implementation are found.
 #pragma once
 
 #include <QByteArray>
@@ -25,11 +25,6 @@ struct StationPacket {
     QByteArray bytes(Fault fault = Fault::None) const;
     /// "read SOUND 02".
     QString text(Sender sender) const;
-
-    bool operator==(const StationPacket &other) const
-    {
-        return type == other.type && did == other.did && payload == other.payload;
-    }
 };
 
 /// Reads "read SOUND 02" or "write 0xF7 01 02 03". Throws a Refusal.

@@ -16,29 +16,28 @@ QStringList texts(const QJsonObject &line, const char *key)
 {
     const QJsonValue value = line.value(QLatin1String(key));
     QStringList found;
+    if (value.isUndefined())
+        return found;
     for (const QJsonValue item : value.isArray() ? value.toArray() : QJsonArray{value}) {
-        if (!item.isString() && !value.isUndefined())
+        if (!item.isString())
             refuseValue(line, key, "a text or an array of texts");
         found.append(item.toString());
     }
-    return value.isUndefined() ? QStringList() : found;
+    return found;
 }
 
 Fault fault(const QJsonObject &line)
 {
-    const QString name = readText(line, "broken");
-    if (name == "sync")
-        return Fault::Sync;
-    if (name == "length")
-        return Fault::Length;
-    if (name == "checksum")
-        return Fault::Checksum;
-    if (line.contains("broken"))
+    if (!line.contains("broken"))
+        return Fault::None;
+    const QStringList names{{}, "sync", "length", "checksum"}; // in the order of Fault
+    const int found = names.indexOf(readText(line, "broken"));
+    if (found <= 0)
         refuseValue(line, "broken", "sync, length or checksum");
-    return Fault::None;
+    return Fault(found);
 }
 
-/// A chunk: raw bytes after "bytes", or packets glued with "+", the first one broken if asked for.
+/// A chunk: raw bytes after "bytes", or packets joined with "+", the first one broken on request.
 QByteArray chunk(const QString &text, Fault fault)
 {
     const QString bytesWord = "bytes ";
@@ -123,7 +122,7 @@ StationTest readTest(const Catalogue &names, const QJsonObject &line)
         test.answers.append(readPacket(text));
     if (line.contains("reply")) {
         test.reply = readPacket(readText(line, "reply"));
-        // An application answers a read request; what is written the handler acknowledges itself.
+        // Applications answer read requests; the handler acknowledges write requests itself.
         if (test.reply->type != readAnswer)
             refuseValue(line, "reply", "a read-answer");
     }

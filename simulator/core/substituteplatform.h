@@ -1,4 +1,4 @@
-// The substitute platform: every command is heard, and its state and answers can be set.
+// The substitute platform: it notifies of every command, and its state and answers can be set.
 #pragma once
 
 #include "platform.h"

@@ -1,4 +1,4 @@
-// JSON has one kind of number; which type is meant says the parameter.
+// JSON has one type of number; the parameter decides what a number becomes.
 #include "values.h"
 
 #include <QJsonArray>
@@ -22,12 +22,13 @@ QVariant asInt(const QJsonValue &value)
     return isInt ? QVariant(int(number)) : QVariant();
 }
 
-/// "0x0aff" as bytes, or invalid.
+/// "0x0aff" as bytes, "0x" as none; or invalid.
 QVariant asBytes(const QJsonValue &value)
 {
     const QString text = value.toString();
     QByteArray bytes;
-    const bool isBytes = text.startsWith("0x") && !text.contains(' ') && readHex(text, &bytes);
+    const bool isBytes =
+        text == "0x" || (text.startsWith("0x") && !text.contains(' ') && readHex(text, &bytes));
     return isBytes ? QVariant(bytes) : QVariant();
 }
 
@@ -42,7 +43,7 @@ QVariant asInts(const QJsonValue &value, int length)
     return isInts ? QVariant(ints) : QVariant();
 }
 
-/// A text that every reader gets back as it was written, or invalid.
+/// A text that can be written and read back unchanged, or invalid.
 QVariant asText(const QJsonValue &value)
 {
     const QString text = value.toString();
@@ -86,7 +87,7 @@ QVariant fitted(const QJsonValue &value, const Parameter &parameter)
         return asBytes(value);
     case QMetaType::QVariantList:
         return asInts(value, parameter.length);
-    case QMetaType::QVariant: // of any type, in the one it is written in
+    case QMetaType::QVariant: // any type: the one it is written in
         return value.isDouble() ? asInt(value) : value.isBool() ? value.toBool() : asText(value);
     default:
         return {};
@@ -117,7 +118,7 @@ QByteArray writtenValue(const QVariantList &arguments)
     QByteArray text;
     if (arguments.isEmpty())
         return text;
-    // An only argument that is an array itself would be taken for several.
+    // A single argument that is an array would be read as several arguments.
     const bool alone =
         arguments.size() == 1 && arguments.first().userType() != QMetaType::QVariantList;
     for (const QVariant &argument : arguments) {
@@ -140,8 +141,11 @@ QString shown(const QVariant &value)
 QString printable(const QString &text)
 {
     QString safe;
-    for (const QChar c : text) {
-        if (c.isPrint() || c.isSurrogate())
+    for (int i = 0; i < text.size(); ++i) {
+        const QChar c = text[i];
+        if (c.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate())
+            safe += text.mid(i++, 2);
+        else if (c.isPrint())
             safe += c;
         else
             safe += QString("\\u%1").arg(c.unicode(), 4, 16, QLatin1Char('0'));

@@ -1,4 +1,4 @@
-// Values in one place: read from JSON into the type of a parameter, written back, shown to people.
+// Reads values from JSON into the type of a parameter, writes them back and shows them to people.
 #pragma once
 
 #include "operations.h"
@@ -20,12 +20,12 @@ QString described(const Parameter &parameter);
 /// Bytes are "0x" text.
 QByteArray writtenValue(const QVariantList &arguments);
 
-/// One argument as a person reads it. Nothing in it can steer a terminal.
+/// One argument for people, without control characters.
 QString shown(const QVariant &value);
 /// A text with all that cannot be printed escaped, and the same in quotes.
 QString printable(const QString &text);
 QString quoted(const QString &text);
-/// What a user wrote, quoted and not longer than a message should be.
+/// What a user wrote, quoted and shortened for a message.
 QString excerpt(const QString &text);
 QString excerpt(const QJsonValue &value);
 
@@ -33,7 +33,7 @@ QString excerpt(const QJsonValue &value);
 QString seconds(qint64 milliseconds);
 
 /// Bytes from hexadecimal text: words of digit pairs with blanks between them, each with or without
-/// "0x". False when it is none.
+/// "0x". False for any other text.
 bool readHex(const QString &text, QByteArray *bytes);
 
 } // namespace mcusim

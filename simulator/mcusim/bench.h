@@ -12,7 +12,7 @@
 namespace mcusim {
 
 struct Bench {
-    /// Called with the present moment, several times a second.
+    /// Called with the present moment, several times per second.
     using Progress = std::function<void(qint64 now)>;
 
     explicit Bench(SubstitutePlatform::Reports reports = SubstitutePlatform::Reports::MainThread,
@@ -21,12 +21,19 @@ struct Bench {
     {
     }
 
-    /// Until Ctrl-C, or until nobody reads what comes.
+    /// False after Ctrl-C, and when standard output cannot be written.
     bool goesOn(qint64 now) const
     {
         if (progress)
             progress(now);
         return !wasInterrupted() && std::ferror(stdout) == 0;
+    }
+
+    /// Throws a Refusal for a run that ended because output was lost: it has no verdict.
+    static void expectOutput()
+    {
+        if (std::ferror(stdout) != 0)
+            throw Refusal("cannot write standard output");
     }
 
     Progress progress;
@@ -51,8 +58,8 @@ void readAll(File &file)
         complain("warning: " + file.warning());
 }
 
-/// Reads a file once before it is played, so that a fault in it does not show half way. What a pipe
-/// brings is shown line by line instead.
+/// Reads a regular file once before it is played, so that a fault in it is reported before anything
+/// is played. Events from a pipe are shown line by line instead.
 template <typename File>
 void readAhead(File &file)
 {

@@ -14,7 +14,7 @@ namespace mcusim {
 
 namespace {
 
-/// What the interface says of a value by its name; all else are codes of the MCU.
+/// The unit of a value, known by its name; all other values are codes of the MCU.
 QString unit(const Parameter &parameter)
 {
     static const QMap<QString, QString> units{{"kmh", "km/h"},
@@ -82,16 +82,12 @@ int listCommand(const QStringList &arguments)
     SubstitutePlatform platform;
     const Catalogue names(platform);
     QVector<const Signature *> shown;
-    for (const QString &glob : line.operands()) {
+    const bool inFull = !line.operands().isEmpty();
+    for (const QString &glob : inFull ? line.operands() : QStringList("*")) {
         for (const Signature *signature : names.like(glob)) {
             if (!shown.contains(signature))
                 shown.append(signature);
         }
-    }
-    const bool inFull = !shown.isEmpty();
-    for (const Signature &signature : names.all()) {
-        if (!inFull)
-            shown.append(&signature);
     }
     if (line.isSet("json")) {
         const char *separator = "[";

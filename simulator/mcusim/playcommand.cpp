@@ -1,4 +1,4 @@
-// mcusim play: plays scenarios and says whether what was expected came back.
+// mcusim play: plays scenarios and compares the outputs with what they expect.
 #include "bench.h"
 #include "commandline.h"
 #include "verdicts.h"
@@ -40,7 +40,7 @@ const CommandLine::Usage usage{
      {"reader-thread", nullptr, "Report from the link's own thread; the output is the same."},
      {"log", nullptr, "Show what the library logs on standard error."}}};
 
-/// The progress of a quiet play, on the terminal.
+/// Shows the progress of a quiet play on the terminal.
 class Progress {
 public:
     explicit Progress(bool isShown) : m_isShown(isShown && isatty(fileno(console()))) {}
@@ -113,9 +113,9 @@ Play::Play(const CommandLine &line, const QString &path)
                                           : SubstitutePlatform::Reports::MainThread,
               [this](qint64 now) { m_progress.show(now, m_file.portion()); }),
       m_file(m_bench.names, path, [] { return !wasInterrupted(); }),
-      // Played again and again a recording no longer comes back whole.
+      // Played several times, a recording does not come back complete.
       m_judge(m_file.metadata().recording && m_loops == 1),
-      // A recording has standard output for itself.
+      // With --json, standard output has the recording alone.
       m_printer(m_isJson ? console() : stdout, {line.isSet("wide") ? 0 : terminalWidth(),
                                                 showsColour(m_isJson ? console() : stdout)}),
       m_filter(m_bench.names, line.values("only"), line.values("except")),
@@ -145,6 +145,7 @@ int Play::run(JUnitFile &junit)
 
     m_bench.simulation.start();
     const bool isAll = playAll();
+    Bench::expectOutput();
     const bool isAtEnd = isAll && !m_player.next();
     m_judge.finish(!isAtEnd || !m_file.hasEnded());
     if (m_recorder && isAll)
@@ -243,7 +244,7 @@ int checkFile(const QString &path)
     return Passed;
 }
 
-/// Refuses what does not go together.
+/// Refuses options that exclude each other.
 void checkOptions(const CommandLine &line)
 {
     line.expectOperands(1, std::numeric_limits<int>::max(), "at least one file");
@@ -269,10 +270,10 @@ int playCommand(const QStringList &arguments)
 {
     const CommandLine line(arguments, usage);
     checkOptions(line);
-    noteInterrupts();
     JUnitFile junit(line.value("junit"));
     if (line.isSet("check"))
         return runEach(line.operands(), junit, checkFile);
+    noteInterrupts();
     if (!line.isSet("log"))
         silenceLibrary();
     return runEach(line.operands(), junit,

@@ -1,5 +1,8 @@
 #include "process.h"
 
+#include "values.h"
+
+#include <QFile>
 #include <QLoggingCategory>
 
 #include <csignal>
@@ -25,17 +28,29 @@ void secureStreams()
         if (fcntl(stream, F_GETFD) < 0)
             open(stream == STDIN_FILENO ? "/dev/null" : "/dev/full", O_RDWR);
     }
-    std::signal(SIGPIPE, SIG_IGN);
+    for (const int limit : {SIGPIPE, SIGXFSZ})
+        std::signal(limit, SIG_IGN);
 }
 
 std::FILE *console() { return originalError; }
 
 void complain(const QString &why)
 {
-    std::fputs(("mcusim: " + why + '\n').toUtf8().constData(), console());
+    std::fputs(("mcusim: " + printable(why) + '\n').toUtf8().constData(), console());
 }
 
 void put(const QString &line) { std::fputs((line + '\n').toUtf8().constData(), stdout); }
+
+QByteArray contentOf(QFile &file, const QString &name)
+{
+    constexpr int longest = 1 << 20;
+    QByteArray bytes = file.isOpen() ? file.read(longest + 1) : QByteArray();
+    if (file.error() != QFileDevice::NoError)
+        throw Refusal("cannot read " + name + ": " + file.errorString());
+    if (bytes.size() > longest)
+        throw Refusal(name + ": expected at most 1 MiB");
+    return bytes;
+}
 
 QString counted(qint64 count, const char *thing)
 {
@@ -46,7 +61,8 @@ int written(int status)
 {
     if (std::fflush(stdout) == 0 && std::ferror(stdout) == 0)
         return status;
-    complain("cannot write standard output");
+    if (status != Unusable) // which has its line
+        complain("cannot write standard output");
     return Unusable;
 }
 

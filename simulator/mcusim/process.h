@@ -1,18 +1,21 @@
-// What the process shares with its surroundings: standard output and error, signals, and the quiet
-// of the library.
+// The process as the commands use it: standard streams, signals, the terminal, and a library that
+// is silent.
 #pragma once
 
 #include "refusal.h"
 
 #include <cstdio>
 
+class QFile;
+
 namespace mcusim {
 
 /// Exit statuses of all commands.
 enum Exit { Passed = 0, Failed = 1, Unusable = 2, Interrupted = 130 };
 
-/// To begin with: a stream that is closed takes no file's place, and what is written to it is lost
-/// as on a full disk. A pipe that nobody reads ends nothing either.
+/// Called first. A closed standard stream is opened, so that no file takes its place; writing to it
+/// fails as on a full disk. Writing to a pipe without a reader or beyond a limit fails, too, and
+/// does not end the process.
 void secureStreams();
 
 /// Standard error as the user sees it, also while the library's own is silenced.
@@ -22,17 +25,19 @@ std::FILE *console();
 void complain(const QString &why);
 void put(const QString &line);
 
+/// The bytes of a file after its open(), at most 1 MiB. Throws a Refusal with the name.
+QByteArray contentOf(QFile &file, const QString &name);
+
 /// "1 report", "2 reports".
 QString counted(qint64 count, const char *thing);
 
 /// The status given, or Unusable with a line on standard error when standard output lost something.
 int written(int status);
 
-/// The library writes factory packets raw to standard error, and debug lines where they are asked
-/// for: neither belongs between the lines of a command.
+/// Hides the library's debug lines and the raw factory packets that it writes to standard error.
 void silenceLibrary();
 
-/// From now on Ctrl-C, and what else ends a process, is noted instead; the second one ends it.
+/// From now on the first Ctrl-C, SIGTERM or SIGHUP is only noted; the second one ends the process.
 void noteInterrupts();
 bool wasInterrupted();
 

@@ -1,4 +1,4 @@
-// mcusim records: keeps the tables of the vehicle records in a page those of the library.
+// mcusim records: writes the tables of the vehicle records in a page from the library's layouts.
 #include "commandline.h"
 #include "process.h"
 #include "recordtables.h"
@@ -19,10 +19,9 @@ int recordsCommand(const QStringList &arguments)
     line.expectOperands(1, 1, "one page");
     const QString path = line.operands().first();
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly))
-        throw Refusal("cannot read " + path + ": " + file.errorString());
-    const QByteArray page = file.readAll();
-    const QByteArray updated = updatedPage(QString::fromUtf8(page)).toUtf8();
+    file.open(QIODevice::ReadOnly);
+    const QByteArray page = contentOf(file, path);
+    const QByteArray updated = updatedPage(page);
     if (updated == page)
         return Passed;
     if (line.isSet("check")) {

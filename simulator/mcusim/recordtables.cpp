@@ -94,16 +94,17 @@ QJsonObject recordJson(const RecordDescription &record)
             {"fields", fields}};
 }
 
-QString updatedPage(const QString &page)
+QByteArray updatedPage(const QByteArray &page)
 {
-    QString updated = page;
+    QByteArray updated = page;
     for (const RecordDescription *record : mcu::recordCatalog) {
-        const QString mark = "<!-- record " + QString(signalName(*record)) + " -->\n";
+        const QByteArray mark = "<!-- record " + QByteArray(signalName(*record)) + " -->\n";
         const int begin = updated.indexOf(mark) + mark.size();
         const int length = updated.indexOf("<!-- end -->\n", begin) - begin;
         if (updated.count(mark) != 1 || length < 0)
-            throw Refusal("expected \"" + mark.trimmed() + "\" once, and an end mark after it");
-        updated.replace(begin, length, recordSection(*record));
+            throw Refusal("expected \"" + QString(mark.trimmed()) +
+                          "\" once, and an end mark after it");
+        updated.replace(begin, length, recordSection(*record).toUtf8());
     }
     return updated;
 }

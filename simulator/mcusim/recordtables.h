@@ -22,6 +22,6 @@ QJsonObject recordJson(const mcu::RecordDescription &record);
 
 /// The page with the sections between its marks written anew. Throws a Refusal when a mark is
 /// missing.
-QString updatedPage(const QString &page);
+QByteArray updatedPage(const QByteArray &page);
 
 } // namespace mcusim

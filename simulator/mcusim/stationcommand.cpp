@@ -116,6 +116,7 @@ int runSequence(const QString &path, bool quiet, JUnitFile &junit)
         if (junit.isOpen())
             verdicts.append({test->name, result.duration, result.faults});
     }
+    Bench::expectOutput();
     put('\n' + printable(file.metadata().description) + ": " +
         QString::number(file.count() - failed) + " passed, " + QString::number(failed) + " failed" +
         (wasInterrupted() ? ", interrupted" : ""));
@@ -140,10 +141,10 @@ int stationCommand(const QStringList &arguments)
         return Passed;
     }
     line.expectOperands(1, std::numeric_limits<int>::max(), "a sequence, or --send and packets");
-    noteInterrupts();
     JUnitFile junit(line.value("junit"));
     if (line.isSet("check"))
         return runEach(line.operands(), junit, checkSequence);
+    noteInterrupts();
     if (!line.isSet("raw"))
         silenceLibrary();
     QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, false);

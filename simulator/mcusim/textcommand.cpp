@@ -1,4 +1,4 @@
-// mcusim text: broadcast bytes as the text that they stand for.
+// mcusim text: shows broadcast bytes as text.
 #include "commandline.h"
 #include "process.h"
 
@@ -22,14 +22,9 @@ int textCommand(const QStringList &arguments)
     const QString given = line.operands().first();
     QByteArray bytes;
     if (given == "-") {
-        constexpr int longest = 1 << 20;
         QFile input;
-        if (input.open(stdin, QIODevice::ReadOnly))
-            bytes = input.read(longest + 1);
-        if (input.error() != QFileDevice::NoError)
-            throw Refusal("cannot read standard input: " + input.errorString());
-        if (bytes.size() > longest)
-            throw Refusal("standard input: expected at most 1 MiB");
+        input.open(stdin, QIODevice::ReadOnly);
+        bytes = contentOf(input, "standard input");
     } else if (!readHex(given, &bytes)) {
         throw Refusal(excerpt(given) + ": expected bytes as pairs of hexadecimal digits");
     }

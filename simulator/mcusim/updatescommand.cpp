@@ -1,4 +1,4 @@
-// mcusim updates: what the searches for update files find under a folder.
+// mcusim updates: shows what the searches for update files find under a folder.
 #include "commandline.h"
 #include "process.h"
 
@@ -16,8 +16,8 @@ namespace mcusim {
 
 namespace {
 
-// The searches look for texts in whole paths, and those in the folder's own path must not count: it
-// is made the current folder and searched by a path without a name of the user's.
+// The searches look for texts in whole paths, but the path of the folder itself must not count. So
+// the folder becomes the current one and is searched by a path that has no name of the user's.
 const QString media = "/media";
 const QString current = "/proc/self/cwd";
 

@@ -67,18 +67,22 @@ int runEach(const QStringList &files, JUnitFile &junit,
     };
     int worst = Passed;
     for (const QString &file : files) {
-        int status = 0;
-        std::fflush(stdout);
-        const pid_t child = files.size() > 1 ? fork() : 0;
-        if (files.size() == 1)
-            status = runOne(file);
-        else if (child == 0)
-            std::exit(written(runOne(file)));
-        while (child > 0 && waitpid(child, &status, 0) < 0 && errno == EINTR) {
+        if (files.size() == 1) {
+            worst = runOne(file);
+            break;
         }
-        if (child > 0)
-            status = WIFEXITED(status) ? WEXITSTATUS(status) : int(Unusable);
-        worst = std::max(worst, child < 0 ? int(Unusable) : status);
+        std::fflush(stdout);
+        const pid_t child = fork();
+        if (child < 0)
+            throw Refusal("cannot start a process: " + qt_error_string());
+        if (child == 0)
+            std::exit(written(runOne(file)));
+        int status = 0;
+        while (waitpid(child, &status, 0) < 0 && errno == EINTR) {
+        }
+        if (!WIFEXITED(status))
+            complain(file + ": ended by signal " + QString::number(WTERMSIG(status)));
+        worst = std::max(worst, WIFEXITED(status) ? WEXITSTATUS(status) : int(Unusable));
         if (wasInterrupted())
             break;
     }

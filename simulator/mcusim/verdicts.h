@@ -12,7 +12,7 @@ class QXmlStreamWriter;
 
 namespace mcusim {
 
-/// What came of a file, or of one test in it.
+/// The result of a file, or of one test in it.
 struct Verdict {
     QString name;
     qint64 duration = 0; ///< virtual milliseconds
@@ -22,8 +22,8 @@ struct Verdict {
 /// JUnit XML for continuous integration.
 class JUnitFile {
 public:
-    /// Made before the run, so that no run is in vain; an empty path is no file. Throws a Refusal
-    /// when it cannot be written.
+    /// Opened before the run: throws a Refusal when the file cannot be written. An empty path is no
+    /// file.
     explicit JUnitFile(const QString &path);
 
     bool isOpen() const { return m_file.isOpen(); }
@@ -36,8 +36,8 @@ private:
     QFile m_file;
 };
 
-/// Runs each file, which writes its suite, and returns the worst status. A file that cannot be used
-/// costs one line on standard error, and the next one follows.
+/// Runs each file, which writes its suite, and returns the worst status. For a file that
+/// cannot be used it shows one line on standard error and goes on with the next one.
 int runEach(const QStringList &files, JUnitFile &junit,
             const std::function<int(const QString &file)> &run);
 
