@@ -59,8 +59,12 @@ public:
     {
         for (const ElfLibrary &library : platform.all) {
             provide(library);
-            for (const MetaObject &object : metaObjects(library))
-                m_metaObjects.insert(object.className, object);
+            // What only looks like a meta-object has less in it than the real one.
+            for (const MetaObject &object : metaObjects(library)) {
+                MetaObject &known = m_metaObjects[object.className];
+                if (known.className.isEmpty() || known.signatures.size() < object.signatures.size())
+                    known = object;
+            }
         }
         for (std::size_t i = 0; i < platform.given; ++i) {
             for (const Symbol &symbol : platform.all[i].symbols) {
@@ -77,8 +81,11 @@ public:
         checkOperations();
         for (const QByteArray &name : m_wants.connectedSignals.keys())
             checkSignals(name);
-        for (std::size_t i = 0; i < m_platform.given; ++i)
-            checkItself(m_platform.all[i]);
+        for (std::size_t i = 0; i < m_platform.given; ++i) {
+            // What another processor has is not what this one needs.
+            if (m_platform.all[i].processor == m_wants.library.processor)
+                checkItself(m_platform.all[i]);
+        }
         return m_findings;
     }
 

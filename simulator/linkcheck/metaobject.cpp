@@ -15,6 +15,7 @@ constexpr quint32 methodTypeMask = 0x0c;
 constexpr quint32 signalType = 0x04;
 constexpr quint32 isText = 0x80000000; // a type that is a text, not the number of a built-in type
 constexpr quint32 staticText = 0xffffffff;
+constexpr quint32 mostNumbers = 1'000'000; // in a table
 
 class Reader {
 public:
@@ -24,18 +25,22 @@ public:
     {
     }
 
-    /// Empty for data that is no meta-object.
+    /// Empty for data that is no meta-object: a class has a name, and its last method, too.
     QByteArray className() const
     {
+        const quint32 methods = number(MethodCount);
         const bool isQt5 = number(Revision) == 7 || number(Revision) == 8;
-        return isQt5 ? text(number(ClassName)) : QByteArray();
+        if (!isQt5 || number(MethodTable) >= mostNumbers || methods >= mostNumbers)
+            return {};
+        if (methods > 0 && signatureOf(number(MethodTable) + (methods - 1) * MethodSize).isEmpty())
+            return {};
+        return text(number(ClassName));
     }
 
     MetaObject read() const
     {
         MetaObject object{className(), superClass(), {}};
-        constexpr quint32 most = 100'000;
-        for (quint32 i = 0; i < std::min(number(MethodCount), most); ++i) {
+        for (quint32 i = 0; i < number(MethodCount); ++i) {
             const quint32 method = number(MethodTable) + i * MethodSize;
             const QByteArray signature = signatureOf(method);
             if (signature.isEmpty())
