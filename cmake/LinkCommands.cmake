@@ -1,8 +1,9 @@
-# link_commands(result text): the text once for each command of the link, with its @name@, its
+# link_commands(result text [header]): the text once for each command of the link, with its @name@, its
 # @parameters@ and the @values@ of them, as the contract declares it; @more@ is the values behind
 # another argument.
 function(link_commands result text)
-    set(header ${PROJECT_SOURCE_DIR}/platform/contract/link/mcusrv.h)
+    set(header ${PROJECT_SOURCE_DIR}/platform/contract/link/mcusrv.h ${ARGN})
+    list(POP_BACK header header)
     set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${header})
     file(READ ${header} commands)
     string(REGEX REPLACE ".*public Q_SLOTS:(.*)Q_SIGNALS:.*" "\\1" commands "${commands}")

@@ -28,7 +28,7 @@ using namespace mcusim;
 
 namespace {
 
-/// A row "what => outcome" of simulator.txt, and its section.
+/// A row "what => outcome" of a table, and its section.
 struct Row {
     QString section;
     QString what;
@@ -206,6 +206,8 @@ private Q_SLOTS:
         qputenv("DRIVE", scenarios.toUtf8() + "cold-start-and-drive.jsonl");
         qputenv("TRUCK", scenarios.toUtf8() + "truck-start.jsonl");
         qputenv("META", metadata);
+        qputenv("SUBSTITUTE", PLATFORMS "/substitute");
+        qputenv("SAMPLE", PLATFORMS "/sample");
         QVERIFY(QDir::setCurrent(m_folder.path()));
         for (const Row &row : rows("run")) {
             qputenv("ROW", row.what.section(' ', 1).toUtf8());

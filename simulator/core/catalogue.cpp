@@ -54,7 +54,8 @@ QString readFor(const Signature &signature, const QJsonArray &values, QVariantLi
     return {};
 }
 
-/// How many letters have to be changed, added or left out to make one text the other.
+} // namespace
+
 int distance(const QString &a, const QString &b)
 {
     std::vector<int> row(std::size_t(b.size()) + 1);
@@ -69,8 +70,6 @@ int distance(const QString &a, const QString &b)
     }
     return row.back();
 }
-
-} // namespace
 
 bool Event::isInput() const { return info(what->kind).isInput; }
 

@@ -89,4 +89,7 @@ struct Field {
 };
 QVector<Field> fields(const Event &event);
 
+/// How many letters have to be changed, added or left out to make one text the other.
+int distance(const QString &a, const QString &b);
+
 } // namespace mcusim

@@ -22,6 +22,7 @@ int stationCommand(const QStringList &arguments);
 int updatesCommand(const QStringList &arguments);
 int textCommand(const QStringList &arguments);
 int recordsCommand(const QStringList &arguments);
+int checkLinkCommand(const QStringList &arguments);
 
 class CommandLine {
 public:

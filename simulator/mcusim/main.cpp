@@ -34,6 +34,8 @@ constexpr Command commands[]{
     {"updates", "shows which update files are found under a folder", mcusim::updatesCommand},
     {"text", "shows broadcast bytes as text", mcusim::textCommand},
     {"records", "writes the tables of the vehicle records into a page", mcusim::recordsCommand},
+    {"check-link", "shows what the library will miss on a platform, from its files",
+     mcusim::checkLinkCommand},
 };
 
 QByteArray help()
@@ -41,7 +43,7 @@ QByteArray help()
     QByteArray text = "Usage: mcusim COMMAND ...\n\n"
                       "Drives libmcuservice on a substitute platform.\n\nCommands:\n";
     for (const Command &command : commands)
-        text += "  " + QByteArray(command.name).leftJustified(8) + "  " + command.summary + '\n';
+        text += "  " + QByteArray(command.name).leftJustified(10) + "  " + command.summary + '\n';
     return text +
            "\nExit status: 0 all well, 1 something failed, 2 wrong usage, unreadable input or lost "
            "output.\n`mcusim COMMAND --help` shows its options.\n";
