@@ -1,5 +1,6 @@
 # Unpacks the Debian packages into an empty root and builds an application with them: by the CMake
-# package, by pkg-config and by qmake. Runs the application and mcusim from there.
+# package, by pkg-config and by qmake. Runs the application and mcusim from there, and builds the
+# examples.
 #
 #     cmake -D BUILD=<build folder> -D WORK=<scratch> -D LIBRARY=<libmcuservice.so.1.0.0>
 #           -D COMPILER=<c++> -D QMAKE=<qmake> -D FLAGS=<sanitizers> -D GENERATOR=<generator>
@@ -57,3 +58,11 @@ find_folder(platform libmcusrv.so.1 ${root})
 expect(own ${platform} ${on_substitute})
 file(GLOB scenarios ${root}/share/mcusim/scenarios/*)
 run(${root}/bin/mcusim play --fast --quiet ${scenarios})
+
+file(GLOB examples ${root}/share/doc/mcuservice-tools/examples/*)
+foreach(example IN LISTS examples)
+    get_filename_component(name ${example} NAME)
+    run(${CMAKE_COMMAND} -S ${example} -B ${WORK}/examples/${name} -G ${GENERATOR}
+        -DCMAKE_PREFIX_PATH=${root} -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_CXX_FLAGS=${FLAGS})
+    run(${CMAKE_COMMAND} --build ${WORK}/examples/${name})
+endforeach()
