@@ -11,6 +11,7 @@ shift
 # Lines "  name   text" of a list become tagged paragraphs, other indented lines stay as they are.
 format='
     function plain(text) {
+        sub(/ +$/, "", text)
         gsub(/\\/, "\\e", text)
         gsub(/-/, "\\-", text)
         return text ~ /^[.\047]/ ? "\\&" text : text
@@ -19,8 +20,8 @@ format='
     /^(Options|Commands):$/ { inList = 1; next }
     /^Exit status: / { print ".SH EXIT STATUS"; sub(/^Exit status: /, "") }
     /^$/ { inList = 0; print ".PP"; next }
-    inList && match($0, /[^ ]  +/) {
-        print ".TP\n.B " plain(substr($0, 3, RSTART - 2)) "\n" plain(substr($0, RSTART + RLENGTH))
+    inList && match($0, /^  ((-h, )?--[a-z-]+( [^ ]+)?|[a-z-]+) +/) {
+        print ".TP\n.B " plain(substr($0, 3, RLENGTH - 2)) "\n" plain(substr($0, RLENGTH + 1))
         next
     }
     /^  / { print ".br" }

@@ -1,6 +1,6 @@
 # Unpacks the Debian packages into an empty root and builds an application with them: by the CMake
-# package, by pkg-config and by qmake. Runs the application and mcusim from there, and builds the
-# examples.
+# package, by pkg-config and by qmake. Runs the application and mcusim from there, and builds
+# and runs the examples.
 #
 #     cmake -D BUILD=<build folder> -D WORK=<scratch> -D LIBRARY=<libmcuservice.so.1.0.0>
 #           -D COMPILER=<c++> -D QMAKE=<qmake> -D FLAGS=<sanitizers> -D GENERATOR=<generator>
@@ -59,10 +59,19 @@ expect(own ${platform} ${on_substitute})
 file(GLOB scenarios ${root}/share/mcusim/scenarios/*)
 run(${root}/bin/mcusim play --fast --quiet ${scenarios})
 
+file(WRITE ${WORK}/speed.jsonl "{\"metadata\":{\"version\":1}}
+{\"timestamp\":0.1,\"name\":\"reportVehicleSpeedChangedSgl\",\"value\":[42,1,0,0]}\n")
+find_folder(library_folder libmcuservice.so.1 ${root})
 file(GLOB examples ${root}/share/doc/mcuservice-tools/examples/*)
 foreach(example IN LISTS examples)
     get_filename_component(name ${example} NAME)
     run(${CMAKE_COMMAND} -S ${example} -B ${WORK}/examples/${name} -G ${GENERATOR}
         -DCMAKE_PREFIX_PATH=${root} -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_CXX_FLAGS=${FLAGS})
     run(${CMAKE_COMMAND} --build ${WORK}/examples/${name})
+    # The probe cannot be loaded before a sanitizer, nor from a path with a blank or colon.
+    if(NOT FLAGS AND NOT root MATCHES "[ :]")
+        run(${CMAKE_COMMAND} -E env LD_LIBRARY_PATH=${library_folder}
+            ${root}/bin/mcusim run --quiet --play ${WORK}/speed.jsonl
+            -- ${WORK}/examples/${name}/${name})
+    endif()
 endforeach()
