@@ -20,7 +20,8 @@ install() {
 }
 
 install_build_tools() {
-    install g++ cmake make ninja-build qtbase5-dev pkg-config libedit-dev libelf-dev "$@"
+    install dpkg-dev file g++ cmake make ninja-build qtbase5-dev pkg-config libedit-dev libelf-dev \
+        python3 "$@"
 }
 
 # build PRESET [TARGET...] - builds the preset, or these targets of it. Shows the output of the
