@@ -2,6 +2,7 @@
 
 #include <QLoggingCategory>
 
+#include <cerrno>
 #include <csignal>
 
 #include <fcntl.h>
@@ -37,7 +38,8 @@ std::FILE *console() { return originalError; }
 
 void complain(const QString &why)
 {
-    std::fputs(("mcusim: " + why + '\n').toUtf8().constData(), console());
+    std::fputs((QString(program_invocation_short_name) + ": " + why + '\n').toUtf8().constData(),
+               console());
 }
 
 void put(const QString &line) { std::fputs((line + '\n').toUtf8().constData(), stdout); }
