@@ -82,4 +82,15 @@ std::optional<QString> CarState::text(const QString &name) const
     return found == m_values.end() ? std::nullopt : std::optional(found->toString());
 }
 
+QString CarState::described(const QString &signal) const
+{
+    QStringList texts;
+    for (auto value = m_values.begin(); value != m_values.end(); ++value) {
+        if (value.key().startsWith(signal + '/'))
+            texts.append(value.key().section('/', 1) + ' ' + value->toString());
+    }
+    texts.sort();
+    return texts.join(", ");
+}
+
 } // namespace mcupanel

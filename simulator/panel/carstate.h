@@ -22,6 +22,9 @@ public:
     std::optional<int> number(const QString &name) const;
     std::optional<QString> text(const QString &name) const;
 
+    /// All values of a signal, for people who do not see the window.
+    QString described(const QString &signal) const;
+
     /// The names of the signals whose values differ from those at the last call.
     QSet<QString> takeChanged() { return std::exchange(m_changed, {}); }
     /// The moment of the last event, in milliseconds.

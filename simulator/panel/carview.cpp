@@ -13,9 +13,9 @@ namespace {
 const QString body = "McuService.syncVehicleBodyInforUpdate/";
 const QString tyres = "McuService.syncTpmsInforUpdate/";
 const QString distances = "McuService.syncPdcInforUpdate/";
-constexpr QSize canvas{400, 430};
-constexpr QRectF outline{140, 100, 120, 230};
-constexpr double middle = 200;
+constexpr QSize canvas{420, 430};
+constexpr QRectF outline{150, 100, 120, 230};
+constexpr double middle = 210;
 
 constexpr int lineOn = 2; // as the tail line reports its lamps
 
@@ -57,8 +57,8 @@ void CarView::drawBody(QPainter &painter)
     painter.drawRoundedRect(outline, 34, 40);
     painter.setBrush(Qt::NoBrush);
     painter.setPen(QPen(colour(Ink::Dim), 1));
-    painter.drawLine(QPointF(152, 155), QPointF(248, 155)); // wind screen
-    painter.drawLine(QPointF(152, 290), QPointF(248, 290)); // rear window
+    painter.drawLine(QPointF(162, 155), QPointF(258, 155)); // wind screen
+    painter.drawLine(QPointF(162, 290), QPointF(258, 290)); // rear window
     constexpr double length = 58;
     for (const double y : {162.0, 224.0}) {
         painter.setPen(pen(doors, Ink::Warning, 5));
@@ -67,13 +67,13 @@ void CarView::drawBody(QPainter &painter)
     }
     double y = 166;
     for (const char *name : {"DoorStatus", "TurnSwitch", "KeyState"}) {
-        writeField(painter, {150, y, 108, 18}, name, body + name);
+        writeField(painter, {159, y, 108, 18}, name, body + name);
         y += name == QLatin1String("DoorStatus") ? 40 : 22;
     }
     constexpr int bits = 8;
     constexpr double size = 11;
     for (int bit = 0; bit < bits; ++bit) {
-        const QRectF cell(151 + bit * (size + 1), 187, size - 1, size);
+        const QRectF cell(160 + bit * (size + 1), 187, size - 1, size);
         painter.setPen(pen(doors, Ink::Plain, 1));
         painter.fillRect(cell, doors && (*doors >> bit & 1) != 0 ? colour(Ink::Warning)
                                                                  : QColor(Qt::transparent));
@@ -127,7 +127,7 @@ void CarView::drawTyres(QPainter &painter)
         const bool isWrong = pressure.value_or(0) != 0 || heat.value_or(0) != 0;
         painter.setPen(pen(pressure ? std::optional<int>(isWrong) : std::nullopt, Ink::Warning, 3));
         painter.drawRoundedRect(QRectF(middle + tyre.side * 66 - 7, tyre.y, 14, 42), 4, 4);
-        QRectF row(tyre.side < 0 ? 2 : 282, tyre.y - 22, 118, 17);
+        QRectF row(tyre.side < 0 ? 2 : 286, tyre.y - 22, 132, 17);
         write(painter, row, Qt::AlignLeft | Qt::AlignVCenter, tyre.name, Ink::Plain, usual, true);
         for (const char *field : {"TirePres", "TireTemp", "PressureWarning", "TempHigh"}) {
             row.translate(0, 17);

@@ -26,14 +26,14 @@ struct Controls::Control {
 
 const Controls::Control Controls::all[]{
     {"S&peed", Control::Slider, Kind::Report, "reportVehicleSpeedChangedSgl", 0, 1, 250},
-    {"Stee&ring angle", Control::Slider, Kind::Report, "reportSteeringAngleChangedSgl", 0, 1, 14760,
+    {"Steerin&g angle", Control::Slider, Kind::Report, "reportSteeringAngleChangedSgl", 0, 1, 14760,
      7380},
     {"&Reverse gear", Control::Box, Kind::Report, "taillineStateSgl", 1, 1, 2},
     {"&Headlight", Control::Box, Kind::Report, "taillineStateSgl", 2, 1, 2},
     {"P&arking lamp", Control::Box, Kind::Report, "taillineStateSgl", 0, 1, 2},
     {"&TurnSwitch", Control::Number, Kind::Report, "reportVehicleBodyChangedSgl", 0, 1, 255},
     {"&DoorStatus", Control::Number, Kind::Report, "reportVehicleBodyChangedSgl", 1, 1, 255},
-    {"Fr&ont sensors", Control::Slider, Kind::Report, "reportPdcChangedSgl", 0, 4, 30},
+    {"Front sensors (&K)", Control::Slider, Kind::Report, "reportPdcChangedSgl", 0, 4, 30},
     {"Rear se&nsors", Control::Slider, Kind::Report, "reportPdcChangedSgl", 4, 4, 30},
     {"Tyre press&ures", Control::Slider, Kind::Report, "reportTpmsChangedSgl", 0, 4, 255},
     {"FL pressure &warning", Control::Box, Kind::Report, "reportTpmsChangedSgl", 4, 1, 1},

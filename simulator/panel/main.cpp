@@ -25,7 +25,7 @@ QPalette paletteOf(bool isDark)
     const QColor highlight = isDark ? QColor(90, 170, 255) : QColor(20, 100, 200);
     QPalette palette(plain, ground.lighter(isDark ? 130 : 100), ground.lighter(150),
                      ground.darker(150), ground.darker(120), plain, plain,
-                     isDark ? ground.darker(130) : QColor(Qt::white), ground);
+                     isDark ? ground.lighter(150) : QColor(Qt::white), ground);
     palette.setColor(QPalette::Highlight, highlight);
     palette.setColor(QPalette::HighlightedText, isDark ? QColor(Qt::black) : QColor(Qt::white));
     palette.setColor(QPalette::ToolTipBase, ground);
@@ -82,9 +82,10 @@ int show(const CommandLine &line, int argc, char **argv)
         if (line.isSet("play"))
             window.transport().playUntil(moment);
         window.show();
-        window.refresh();
-        clock.settle();
-        if (!window.grab().save(picture, "PNG", 0))
+        // So long as the slowest part takes to be drawn.
+        constexpr int drawing = 300;
+        clock.advanceTo(clock.now() + drawing);
+        if (!window.grab().toImage().convertToFormat(QImage::Format_RGB444).save(picture, "PNG", 0))
             throw Refusal("cannot write " + picture);
         return Passed;
     }

@@ -54,18 +54,16 @@ void MediaView::draw(QPainter &painter)
         writeField(painter, value.place, value.label, value.name);
     painter.setPen(QPen(colour(Ink::Dim), 1));
     painter.drawLine(QPointF(4, 78), QPointF(326, 78));
-    write(painter, {4, 82, 140, 17}, left, "Radio frequency", Ink::Dim);
-    write(painter, {4, 99, 140, 30}, left, shown(station + "freq"), Ink::Plain, large, true);
-    write(painter, {150, 82, 178, 17}, left, "Station", Ink::Dim);
-    write(painter, {150, 99, 178, 30}, left, shown(radio + "psNameChanged/text"), Ink::Plain, large,
+    write(painter, {4, 82, 110, 17}, left, "Radio frequency", Ink::Dim);
+    write(painter, {4, 99, 110, 30}, left, shown(station + "freq"), Ink::Plain, large, true);
+    constexpr double width = 208;
+    write(painter, {120, 82, width, 17}, left, "Station", Ink::Dim);
+    write(painter, {120, 99, width, 30}, left,
+          fitting(shown(radio + "psNameChanged/text"), width, large, true), Ink::Plain, large,
           true);
-    // Two lines of radio text; what is longer ends in dots.
-    QFont face = font();
-    face.setPixelSize(usual);
-    constexpr int room = 560;
-    write(
-        painter, {4, 136, 322, 38}, Qt::AlignLeft | Qt::AlignTop | Qt::TextWrapAnywhere,
-        QFontMetrics(face).elidedText(shown(radio + "radioTextUpdate/text"), Qt::ElideRight, room));
+    constexpr double twoLines = 610;
+    write(painter, {4, 136, 322, 38}, Qt::AlignLeft | Qt::AlignTop | Qt::TextWrapAnywhere,
+          fitting(shown(radio + "radioTextUpdate/text"), twoLines));
 }
 
 } // namespace mcupanel

@@ -71,7 +71,7 @@ FieldPlot::FieldPlot(const mcusim::Catalogue &names, const CarState &state) : m_
     m_chart->layout()->setContentsMargins(0, 0, 0, 0);
     m_chart->addAxis(m_times, Qt::AlignBottom);
     m_chart->addAxis(m_values, Qt::AlignLeft);
-    m_chart->legend()->setAlignment(Qt::AlignRight);
+    m_chart->legend()->setAlignment(Qt::AlignTop);
     m_times->setLabelFormat("%.0f s");
     m_times->setTickCount(ticks + 1);
     m_values->setLabelFormat("%.0f");
@@ -213,6 +213,11 @@ void FieldPlot::followPalette()
                                                : QtCharts::QChart::ChartThemeLight);
     m_chart->setBackgroundBrush(ground);
     m_chart->setBackgroundRoundness(0);
+    QFont small = font();
+    small.setPixelSize(11);
+    m_chart->legend()->setFont(small);
+    m_times->setLabelsFont(small);
+    m_values->setLabelsFont(small);
 }
 
 } // namespace

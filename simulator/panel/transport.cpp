@@ -24,9 +24,9 @@ Transport::Transport(Target &target) : m_target(target)
 {
     auto *row = new QHBoxLayout(this);
     row->setContentsMargins(8, 4, 8, 0);
-    add("&Open…", QKeySequence::Open, &Transport::choose);
-    m_play = add("Pla&y", Qt::Key_F5, &Transport::playOrPause);
-    m_step = add("&Step", Qt::Key_F10, &Transport::step);
+    add("Open", "&Open…", QKeySequence::Open, &Transport::choose);
+    m_play = add("Play", "Pause (&Y)", Qt::Key_F5, &Transport::playOrPause);
+    m_step = add("Step", "&Step", Qt::Key_F10, &Transport::step);
     auto *caption = new QLabel("Sp&eed");
     m_speed = new QComboBox;
     m_speed->setObjectName("Play speed");
@@ -35,6 +35,7 @@ Transport::Transport(Target &target) : m_target(target)
         m_speed->addItem(QString::number(speed) + " ×", speed);
     caption->setBuddy(m_speed);
     m_position = new QLabel;
+    m_position->setObjectName("Position");
     m_position->setAccessibleName("Position");
     row->addWidget(caption);
     row->addWidget(m_speed);
@@ -54,17 +55,19 @@ Transport::Transport(Target &target) : m_target(target)
     refresh();
 }
 
-QAction *Transport::add(const QString &text, const QKeySequence &keys, void (Transport::*act)())
+QAction *Transport::add(const char *name, const QString &text, const QKeySequence &keys,
+                        void (Transport::*act)())
 {
     auto *action = new QAction(text, this);
+    action->setObjectName(name);
     action->setShortcut(keys);
     connect(action, &QAction::triggered, this, act);
     addAction(action);
     auto *button = new QToolButton;
     button->setDefaultAction(action);
-    button->setObjectName(QString(text).remove('&'));
-    button->setAccessibleName(button->objectName());
+    button->setAccessibleName(name);
     button->setFocusPolicy(Qt::StrongFocus);
+    button->setMinimumWidth(button->sizeHint().width()); // also of a shorter text
     layout()->addWidget(button);
     return action;
 }
@@ -171,7 +174,7 @@ void Transport::refresh()
 {
     m_play->setEnabled(m_player != nullptr);
     m_step->setEnabled(m_player != nullptr);
-    m_play->setText(m_player && m_player->isRunning() ? "Pa&use" : "Pla&y");
+    m_play->setText(m_player && m_player->isRunning() ? "Pause (&Y)" : "Pla&y");
     m_position->setText(m_player
                             ? seconds(m_player->position()) + " s   " + QFileInfo(m_path).fileName()
                             : "no scenario");

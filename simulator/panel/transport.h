@@ -28,7 +28,8 @@ public:
     void refresh();
 
 private:
-    QAction *add(const QString &text, const QKeySequence &keys, void (Transport::*act)());
+    QAction *add(const char *name, const QString &text, const QKeySequence &keys,
+                 void (Transport::*act)());
     void choose();
     void playOrPause();
     void step();

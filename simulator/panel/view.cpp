@@ -1,5 +1,6 @@
 #include "view.h"
 
+#include <QAccessible>
 #include <QPainterPath>
 
 #include <cmath>
@@ -24,10 +25,16 @@ View::View(const CarState &state, const char *name, QSize canvas, const QStringL
 
 void View::refresh(const QSet<QString> &changed)
 {
-    for (const QString &signal : m_signals) {
-        if (changed.contains(signal))
-            return update();
-    }
+    if (!std::any_of(m_signals.begin(), m_signals.end(),
+                     [&changed](const QString &signal) { return changed.contains(signal); }))
+        return;
+    update();
+    if (!QAccessible::isActive())
+        return;
+    QStringList texts;
+    for (const QString &signal : m_signals)
+        texts.append(m_state.described(signal));
+    setAccessibleDescription(texts.join("; "));
 }
 
 void View::paintEvent(QPaintEvent *)
@@ -92,15 +99,26 @@ void View::drawLamp(QPainter &painter, const QPainterPath &shape, const std::opt
     painter.setBrush(Qt::NoBrush);
 }
 
-void View::write(QPainter &painter, const QRectF &place, int alignment, const QString &text,
-                 Ink ink, int height, bool isBold)
+QFont View::face(int height, bool isBold) const
 {
     QFont face = font();
     face.setPixelSize(height);
     face.setBold(isBold);
-    painter.setFont(face);
+    return face;
+}
+
+QString View::fitting(const QString &text, double width, int height, bool isBold) const
+{
+    return QFontMetricsF(face(height, isBold)).elidedText(text, Qt::ElideRight, width);
+}
+
+void View::write(QPainter &painter, const QRectF &place, int alignment, const QString &text,
+                 Ink ink, int height, bool isBold)
+{
+    const QFont used = face(height, isBold);
+    painter.setFont(used);
     painter.setPen(colour(text == notReported ? Ink::Dim : ink));
-    const QRectF needed = QFontMetricsF(face).boundingRect(place, alignment, text);
+    const QRectF needed = QFontMetricsF(used).boundingRect(place, alignment, text);
     if (std::floor(needed.width()) > place.width() || std::floor(needed.height()) > place.height())
         m_cutTexts.append(text);
     painter.drawText(place, alignment, text);
@@ -110,9 +128,7 @@ void View::writeField(QPainter &painter, const QRectF &place, const QString &lab
                       const QString &name, Ink ink)
 {
     constexpr int gap = 6;
-    QFont face = font();
-    face.setPixelSize(usual);
-    const double width = QFontMetricsF(face).horizontalAdvance(label) + gap;
+    const double width = QFontMetricsF(face(usual)).horizontalAdvance(label) + gap;
     write(painter, place, Qt::AlignLeft | Qt::AlignVCenter, label, Ink::Dim);
     write(painter, place.adjusted(width, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, shown(name),
           ink);

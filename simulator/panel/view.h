@@ -10,6 +10,8 @@
 namespace mcupanel {
 
 class View : public QWidget {
+    Q_OBJECT
+
 public:
     /// Draws on a canvas of this size, which is scaled to the widget. Shows values of the signals.
     View(const CarState &state, const char *name, QSize canvas, const QStringList &signalNames);
@@ -41,11 +43,16 @@ protected:
                   Ink on) const;
     void write(QPainter &painter, const QRectF &place, int alignment, const QString &text,
                Ink ink = Ink::Plain, int height = usual, bool isBold = false);
+    /// The text as far as it fits into a width; its end becomes dots.
+    QString fitting(const QString &text, double width, int height = usual,
+                    bool isBold = false) const;
     /// A name in dim ink and its value behind it.
     void writeField(QPainter &painter, const QRectF &place, const QString &label,
                     const QString &name, Ink ink = Ink::Plain);
 
 private:
+    QFont face(int height, bool isBold = false) const;
+
     const CarState &m_state;
     QSize m_canvas;
     QStringList m_signals;

@@ -6,6 +6,7 @@
 #include <QAction>
 #include <QLabel>
 #include <QPlainTextEdit>
+#include <QScrollBar>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
@@ -36,6 +37,7 @@ Window::Window(Target &target)
     m_commands->setTabChangesFocus(true);
     m_commands->setMaximumBlockCount(shownCommands);
     m_commands->setLineWrapMode(QPlainTextEdit::NoWrap);
+    m_commands->setMinimumWidth(300);
 
     auto *middle = new QVBoxLayout;
     middle->addWidget(drive);
@@ -91,8 +93,10 @@ void Window::refresh()
     const QSet<QString> changed = m_state.takeChanged();
     for (View *view : m_views)
         view->refresh(changed);
-    if (!m_newCommands.isEmpty())
+    if (!m_newCommands.isEmpty()) {
         m_commands->appendPlainText(std::exchange(m_newCommands, {}).join('\n'));
+        m_commands->horizontalScrollBar()->setValue(0);
+    }
     if (m_plot)
         m_plot->sample();
     m_transport->refresh();
