@@ -13,7 +13,7 @@ namespace {
 const QString body = "McuService.syncVehicleBodyInforUpdate/";
 const QString tyres = "McuService.syncTpmsInforUpdate/";
 const QString distances = "McuService.syncPdcInforUpdate/";
-constexpr QSize canvas{420, 430};
+constexpr QSize canvas{426, 430};
 constexpr QRectF outline{150, 100, 120, 230};
 constexpr double middle = 210;
 
@@ -127,7 +127,7 @@ void CarView::drawTyres(QPainter &painter)
         const bool isWrong = pressure.value_or(0) != 0 || heat.value_or(0) != 0;
         painter.setPen(pen(pressure ? std::optional<int>(isWrong) : std::nullopt, Ink::Warning, 3));
         painter.drawRoundedRect(QRectF(middle + tyre.side * 66 - 7, tyre.y, 14, 42), 4, 4);
-        QRectF row(tyre.side < 0 ? 2 : 286, tyre.y - 22, 132, 17);
+        QRectF row(tyre.side < 0 ? 2 : 292, tyre.y - 22, 132, 17);
         write(painter, row, Qt::AlignLeft | Qt::AlignVCenter, tyre.name, Ink::Plain, usual, true);
         for (const char *field : {"TirePres", "TireTemp", "PressureWarning", "TempHigh"}) {
             row.translate(0, 17);

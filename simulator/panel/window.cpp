@@ -6,7 +6,6 @@
 #include <QAction>
 #include <QLabel>
 #include <QPlainTextEdit>
-#include <QScrollBar>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
@@ -36,7 +35,7 @@ Window::Window(Target &target)
     m_commands->setReadOnly(true);
     m_commands->setTabChangesFocus(true);
     m_commands->setMaximumBlockCount(shownCommands);
-    m_commands->setLineWrapMode(QPlainTextEdit::NoWrap);
+    m_commands->setWordWrapMode(QTextOption::WrapAtWordBoundaryOrAnywhere);
     m_commands->setMinimumWidth(300);
 
     auto *middle = new QVBoxLayout;
@@ -93,10 +92,8 @@ void Window::refresh()
     const QSet<QString> changed = m_state.takeChanged();
     for (View *view : m_views)
         view->refresh(changed);
-    if (!m_newCommands.isEmpty()) {
+    if (!m_newCommands.isEmpty())
         m_commands->appendPlainText(std::exchange(m_newCommands, {}).join('\n'));
-        m_commands->horizontalScrollBar()->setValue(0);
-    }
     if (m_plot)
         m_plot->sample();
     m_transport->refresh();
