@@ -19,7 +19,7 @@ install() {
         apt-get install -q -y --no-install-recommends "${missing[@]}"
 }
 
-install_build_tools() { install g++ cmake make ninja-build qtbase5-dev pkg-config "$@"; }
+install_build_tools() { install g++ cmake make ninja-build qtbase5-dev pkg-config libedit-dev "$@"; }
 
 # build PRESET [TARGET...] - builds the preset, or these targets of it. Shows the output of the
 # configuration only if that fails. Waits for other builds of the same checkout.

@@ -70,6 +70,8 @@ Event eventOf(const QString &word)
     Event event =
         value.isEmpty()   ? names().read(Kind::Report, "stwAdcValue", 0)
         : value[0] == 'v' ? names().read(Kind::Command, "SetVolume", value.mid(1).toInt())
+        : value[0] == 'm'
+            ? names().read(Kind::Signal, "McuManager.sysBootState", value.mid(1).toInt())
         : value[0] == 'u'
             ? names().read(Kind::Signal, "McuService.syncHuInforUpdate", QString("0x0") + value[1])
         : value == "init" ? names().read(Kind::Command, "init", QJsonValue::Undefined)

@@ -30,14 +30,8 @@ ApplicationObject applicationObject(const char *name)
 
 Signature signature(Kind kind, const QMetaMethod &method, const QString &prefix = {})
 {
-    Signature signature{kind, prefix + QString::fromLatin1(method.name()), {}, {}, {}, {}, method};
-    const QList<QByteArray> names = method.parameterNames();
-    for (int i = 0; i < method.parameterCount(); ++i) {
-        const int type = method.parameterType(i) == QMetaType::UChar ? int(QMetaType::Int)
-                                                                     : method.parameterType(i);
-        signature.parameters.append({type, QString::fromLatin1(names[i])});
-    }
-    return signature;
+    return {kind,  prefix + QString::fromLatin1(method.name()), parametersOf(method), {}, {}, {},
+            method};
 }
 
 /// Reads the values for one signature, or says why they do not fit.
@@ -132,10 +126,8 @@ Catalogue::Catalogue(Platform &platform)
         add({Kind::Setting, setting.name, setting.parameters, play, {}, {}, {}});
     }
     addApplicationSignals();
-    add({Kind::Command, "init", {}, {}, {}, {}, {}});
-    for (const QMetaMethod &method :
-         declaredMethods(mcu::McuSrv::staticMetaObject, QMetaMethod::Slot))
-        add(signature(Kind::Command, method));
+    for (const Platform::Entry &command : platform.commands())
+        add({Kind::Command, command.name, command.parameters, {}, {}, {}, {}});
     for (const Platform::Entry &call : platform.calls())
         add({Kind::Platform, call.name, call.parameters, {}, {}, {}, {}});
 }

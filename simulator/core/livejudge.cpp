@@ -13,12 +13,19 @@ constexpr qint64 longestHold = 300;
 
 bool isHeldBack(const Signature *what) { return what->record && what->record->hold.command != 0; }
 
+/// Which of the library's objects a signal comes from; null for all else.
+const QMetaObject *objectOf(const Event &event)
+{
+    return event.what->kind == Kind::Signal ? event.what->method.enclosingMetaObject() : nullptr;
+}
+
 } // namespace
 
 void LiveJudge::expect(const Event &event)
 {
     closeUntil(event.time);
     m_read = event.line;
+    m_objects.insert(objectOf(event));
     if (m_inputTime < 0 && !m_rules.hasApplication) {
         m_fromStart = m_fromStart ||
                       (event.what->kind == Kind::Command && event.what->name == QString("init"));
@@ -54,7 +61,7 @@ void LiveJudge::hear(const Event &event)
     if ((m_inputTime < 0 && !m_rules.hasApplication) || !isJudged(event))
         return;
     remember(event);
-    const Open open{event, m_inputTime == event.time ? ++m_order : 0, m_read};
+    const Open open{event, m_inputTime == event.time ? ++m_order : 0, m_read, hasObject(event)};
     if (isHeldBack(event.what)) {
         heldOf(event).received = open;
         return;
@@ -93,6 +100,12 @@ bool LiveJudge::isJudged(const Event &event) const
     // Calls of other platform classes are not seen in an application.
     return event.what->kind != Kind::Platform &&
            (m_rules.hasApplication || event.what->kind != Kind::Answer);
+}
+
+bool LiveJudge::hasObject(const Event &event) const
+{
+    const QMetaObject *object = objectOf(event);
+    return !object || object == &mcu::McuService::staticMetaObject || m_objects.contains(object);
 }
 
 /// Of a rate-limited record of which something is recorded or has come now.
@@ -186,7 +199,7 @@ void LiveJudge::closeReceived(const Open &open)
     if (other != m_recorded.end()) {
         addFault(other->event, open.event, 0);
         m_recorded.erase(other);
-    } else if (!isExcused(open.event)) {
+    } else if (open.isSure && !isExcused(open.event)) {
         addFault({}, open.event, open.after);
     }
 }

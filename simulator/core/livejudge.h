@@ -15,7 +15,8 @@ namespace mcusim {
 /// their last value before each quiet time is compared.
 ///
 /// What was played before the recording began is not known, unless the application's start is
-/// recorded: the first difference of each name is then a note and no fault.
+/// recorded: the first difference of each name is then a note and no fault. Nor are signals of an
+/// object that the application may not have made yet, as nothing of it is recorded so far.
 class LiveJudge : public Judge {
 public:
     static constexpr qint64 usualTolerance = 500;
@@ -41,8 +42,9 @@ private:
     /// Recorded, or come, and without its counterpart yet.
     struct Open {
         Event event;
-        quint64 order = 0; ///< of what follows from inputs, among all of it that comes; else 0
-        int after = 0;     ///< the last line read before it came
+        quint64 order = 0;  ///< of what follows from inputs, among all of it that comes; else 0
+        int after = 0;      ///< the last line read before it came
+        bool isSure = true; ///< the application had the object that it comes from
     };
     using Opens = std::deque<Open>;
     /// The last of a rate-limited record since a quiet time.
@@ -53,6 +55,7 @@ private:
     };
 
     bool isJudged(const Event &event) const;
+    bool hasObject(const Event &event) const;
     Held &heldOf(const Event &event);
     bool isNear(const Event &a, const Event &b) const;
     bool meets(const Event &recorded, const Open &received) const;
@@ -75,7 +78,8 @@ private:
     quint64 m_metOrder = 0;
 
     bool m_fromStart = false;
-    QSet<const Signature *> m_known; ///< met or excused
+    QSet<const QMetaObject *> m_objects; ///< of which something is recorded
+    QSet<const Signature *> m_known;     ///< met or excused
     qint64 m_ownCommands = 0;
     QStringList m_excused;
 };

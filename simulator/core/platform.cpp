@@ -1,10 +1,33 @@
 #include "platform.h"
 
+#include "signaltap.h"
+
 #include "mcusrv.h"
 
 #include <vector>
 
 namespace mcusim {
+
+QVector<Parameter> parametersOf(const QMetaMethod &method)
+{
+    QVector<Parameter> parameters;
+    const QList<QByteArray> names = method.parameterNames();
+    for (int i = 0; i < method.parameterCount(); ++i) {
+        const int type = method.parameterType(i) == QMetaType::UChar ? int(QMetaType::Int)
+                                                                     : method.parameterType(i);
+        parameters.append({type, QString::fromLatin1(names[i])});
+    }
+    return parameters;
+}
+
+QVector<Platform::Entry> Platform::commands() const
+{
+    QVector<Entry> entries{{"init", {}, {}}};
+    for (const QMetaMethod &method :
+         substitute::declaredMethods(mcu::McuSrv::staticMetaObject, QMetaMethod::Slot))
+        entries.append({QString::fromLatin1(method.name()), parametersOf(method), {}});
+    return entries;
+}
 
 void Platform::report(const QMetaMethod &signal, QVariantList values)
 {

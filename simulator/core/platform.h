@@ -11,6 +11,9 @@
 
 namespace mcusim {
 
+/// The parameters of a method as scenarios write them.
+QVector<Parameter> parametersOf(const QMetaMethod &method);
+
 /// A platform with a link of which nothing but the public class is known.
 class Platform {
 public:
@@ -25,6 +28,8 @@ public:
 
     virtual ~Platform() = default;
 
+    /// Commands of the link: those that it declares as slots, and init().
+    virtual QVector<Entry> commands() const;
     virtual QVector<Entry> settings() const { return {}; }
     virtual QVector<Entry> calls() const { return {}; }
     /// Calls the listener for every link command and platform call from now on; null ends it.

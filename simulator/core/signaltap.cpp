@@ -4,8 +4,9 @@
 
 namespace substitute {
 
-SignalTap::SignalTap(const QObject *source, Listener listener)
-    : m_source(source->metaObject()), m_listener(std::move(listener))
+SignalTap::SignalTap(const QObject *source, const QMetaObject *declaring, Listener listener,
+                     const std::atomic<bool> *isHeard)
+    : m_source(declaring), m_listener(std::move(listener)), m_isHeard(isHeard)
 {
     for (const QMetaMethod &signal : declaredSignals(*m_source)) {
         const int method = QObject::staticMetaObject.methodCount() + signal.methodIndex();
@@ -15,6 +16,9 @@ SignalTap::SignalTap(const QObject *source, Listener listener)
 
 int SignalTap::qt_metacall(QMetaObject::Call call, int id, void **arguments)
 {
+    if (m_isHeard && !m_isHeard->load(std::memory_order_relaxed) &&
+        call == QMetaObject::InvokeMetaMethod)
+        return -1;
     id = QObject::qt_metacall(call, id, arguments);
     if (id < 0 || call != QMetaObject::InvokeMetaMethod)
         return id;

@@ -1,7 +1,10 @@
 #include "simulation.h"
 
 #include "mcuservice.h"
+#include "mcusrv.h"
 #include "values.h"
+
+#include <algorithm>
 
 namespace mcusim {
 
@@ -17,13 +20,31 @@ void Simulation::start()
     listenToPlatform();
     mcu::McuService::instance()->init();
     // Only now, as applications do: the manager has a command for the link when it is made.
-    listenToApplications();
+    for (const ApplicationObject &object : applicationObjects())
+        listenTo(object.instance(), object.metaObject);
 }
 
-void Simulation::attach()
+void Simulation::attach(const mcu::McuSrv *link)
 {
+    m_hearsLink = true;
     listenToPlatform();
-    listenToApplications();
+    listenTo(link, &mcu::McuSrv::staticMetaObject);
+}
+
+void Simulation::attach(const QObject *object) { listenTo(object, object->metaObject()); }
+
+void Simulation::addSink(Sink *sink)
+{
+    const std::lock_guard lock(m_mutex);
+    m_sinks.push_back(sink);
+    m_isHeard = true;
+}
+
+void Simulation::removeSink(Sink *sink)
+{
+    const std::lock_guard lock(m_mutex);
+    m_sinks.erase(std::remove(m_sinks.begin(), m_sinks.end(), sink), m_sinks.end());
+    m_isHeard = !m_sinks.empty();
 }
 
 void Simulation::listenToPlatform()
@@ -33,20 +54,21 @@ void Simulation::listenToPlatform()
     });
 }
 
-void Simulation::listenToApplications()
+void Simulation::listenTo(const QObject *object, const QMetaObject *metaObject)
 {
-    for (const ApplicationObject &object : applicationObjects()) {
-        QVector<const Signature *> signatures(object.metaObject->methodCount());
-        for (const Signature &signature : m_names.all()) {
-            if (signature.method.enclosingMetaObject() == object.metaObject)
-                signatures[signature.method.methodIndex()] = &signature;
-        }
-        m_taps.push_back(std::make_unique<substitute::SignalTap>(
-            object.instance(),
-            [this, signatures](const QMetaMethod &signal, const QVariantList &values) {
-                tell(signatures[signal.methodIndex()], values);
-            }));
+    QVector<const Signature *> signatures(metaObject->methodCount());
+    for (const Signature &signature : m_names.all()) {
+        if (signature.method.enclosingMetaObject() == metaObject)
+            signatures[signature.method.methodIndex()] = &signature;
     }
+    auto tap = std::make_unique<substitute::SignalTap>(
+        object, metaObject,
+        [this, signatures](const QMetaMethod &signal, const QVariantList &values) {
+            tell(signatures[signal.methodIndex()], values);
+        },
+        &m_isHeard);
+    const std::lock_guard lock(m_mutex);
+    m_taps.push_back(std::move(tap));
 }
 
 QString Simulation::play(const Event &input)
@@ -55,7 +77,8 @@ QString Simulation::play(const Event &input)
         return QString(info(input.what->kind).title) + " cannot be played: it comes out";
     if (!input.what->takes(input.values))
         return input.what->text() + " cannot take " + QString::fromUtf8(writtenValue(input.values));
-    tell(input.what, input.values);
+    if (input.what->kind != Kind::Report || !m_hearsLink)
+        tell(input.what, input.values);
     ++m_playing;
     const QVariant result = input.what->play(input.values);
     if (input.what->answer)
@@ -68,6 +91,9 @@ QString Simulation::play(const Event &input)
 
 void Simulation::tell(const Signature *what, const QVariantList &values)
 {
+    if (!m_isHeard)
+        return;
+    const std::lock_guard lock(m_mutex);
     const Event event{m_clock.now(), what, values, 0};
     for (Sink *sink : m_sinks)
         sink->hear(event);
@@ -75,6 +101,9 @@ void Simulation::tell(const Signature *what, const QVariantList &values)
 
 void Simulation::tell(Kind kind, const QString &name, const QVariantList &values)
 {
+    if (!m_isHeard)
+        return;
+    const std::lock_guard lock(m_mutex);
     const Signature *what = m_names.find(kind, name, values);
     for (const Signature &known : m_unlisted) {
         if (!what && known.kind == kind && known.name == name && known.takes(values))

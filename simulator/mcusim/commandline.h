@@ -10,6 +10,7 @@ namespace mcusim {
 
 // Each returns the exit status, and throws a Refusal for what it cannot use.
 int playCommand(const QStringList &arguments);
+int shellCommand(const QStringList &arguments);
 int verifyCommand(const QStringList &arguments);
 int listCommand(const QStringList &arguments);
 int runCommand(const QStringList &arguments);

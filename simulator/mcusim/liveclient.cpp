@@ -118,7 +118,7 @@ LiveClient::~LiveClient() { close(m_descriptor); }
 void LiveClient::connectTo(const QString &path)
 {
     constexpr int attempts = 100;
-    constexpr int interval = 10;
+    constexpr int pause = 10;
     sockaddr_un address{};
     const QByteArray name = QFile::encodeName(path);
     if (name.size() >= int(sizeof address.sun_path))
@@ -130,7 +130,7 @@ void LiveClient::connectTo(const QString &path)
     // The file is there a moment before its process listens, and others may be connecting, too.
     for (int i = 0; i < attempts && (error == ECONNREFUSED || error == EAGAIN); ++i) {
         if (i > 0)
-            poll(nullptr, 0, interval);
+            poll(nullptr, 0, pause);
         error =
             connect(m_descriptor, reinterpret_cast<const sockaddr *>(&address), sizeof address) == 0
                 ? 0
@@ -247,9 +247,10 @@ Event LiveClient::readUnlisted(const QJsonObject &line)
     Signature signature{
         Kind(kind - kinds), line.value(QLatin1String(kind->key)).toString(), {}, {}, {}, {}, {}};
     QVariantList values;
-    for (const QJsonValue &argument : value.isArray()       ? value.toArray()
-                                      : value.isUndefined() ? QJsonArray()
-                                                            : QJsonArray{value}) {
+    const QJsonArray arguments = value.isArray()       ? value.toArray()
+                                 : value.isUndefined() ? QJsonArray()
+                                                       : QJsonArray{value};
+    for (const QJsonValue &argument : arguments) {
         signature.parameters.append({QMetaType::QVariant, QString()});
         const QVariant simple = fitted(argument, signature.parameters.first());
         values.append(simple.isValid() ? simple : argument.toVariant());

@@ -25,6 +25,8 @@ constexpr Command commands[]{
     {"monitor", "shows what goes in and comes out of a running application",
      mcusim::monitorCommand},
     {"send", "does inputs in a running application", mcusim::sendCommand},
+    {"shell", "does inputs as they are typed, in a running application or here",
+     mcusim::shellCommand},
     {"record", "records what goes in and comes out of a running application",
      mcusim::recordCommand},
     {"station", "a factory test station: sends packets, runs test sequences",

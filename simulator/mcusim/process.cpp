@@ -79,6 +79,15 @@ bool wasInterrupted() { return interrupt != 0; }
 
 int interruptToHandOn() { return isFromTerminal ? 0 : interrupt; }
 
+bool forgetInterrupt()
+{
+    if (interrupt != SIGINT)
+        return false;
+    interrupt = 0;
+    noteInterrupts();
+    return true;
+}
+
 int terminalWidth()
 {
     winsize size{};

@@ -38,6 +38,8 @@ bool wasInterrupted();
 /// The signal that was noted, for a program started here; 0 for none and for one of the terminal,
 /// which has sent it to the program, too.
 int interruptToHandOn();
+/// Goes on after Ctrl-C; false when something else is to end the process.
+bool forgetInterrupt();
 
 /// Columns of the terminal that standard output is, or of COLUMNS; 0 without either.
 int terminalWidth();

@@ -1,0 +1,21 @@
+# link_commands(result text): the text once for each command of the link, with its @name@, its
+# @parameters@ and the @values@ of them, as the contract declares it; @more@ is the values behind
+# another argument.
+function(link_commands result text)
+    set(header ${PROJECT_SOURCE_DIR}/platform/contract/link/mcusrv.h)
+    set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${header})
+    file(READ ${header} commands)
+    string(REGEX REPLACE ".*public Q_SLOTS:(.*)Q_SIGNALS:.*" "\\1" commands "${commands}")
+    string(REGEX MATCHALL "void [A-Za-z0-9_]+\\([^)]*" commands "${commands}")
+    set(texts "")
+    foreach(command IN LISTS commands)
+        string(REGEX MATCH "void ([^(]+)\\((.*)" command "${command}")
+        set(name ${CMAKE_MATCH_1})
+        string(REGEX REPLACE "[ \n]+" " " parameters "${CMAKE_MATCH_2}")
+        string(REGEX REPLACE "[^,]*[ &]([A-Za-z0-9_]+)" "\\1" values "${parameters}")
+        string(REGEX REPLACE "^(.+)$" ",\\1" more "${values}")
+        string(CONFIGURE "${text}" one @ONLY)
+        string(APPEND texts "${one}")
+    endforeach()
+    set(${result} "${texts}" PARENT_SCOPE)
+endfunction()

@@ -1,0 +1,32 @@
+// What the two libraries of the probe have in common. The first is loaded into every program and
+// consists of little but functions that stand before those of the link; the second is loaded by it
+// in a program that uses the library, and does all the work.
+#pragma once
+
+#include <atomic>
+
+class QObject;
+
+namespace mcu {
+class McuSrv;
+}
+
+namespace mcusim::probe {
+
+/// What the first library tells the second.
+struct Handover {
+    /// An object that applications connect to, when it is first asked for.
+    void (*meet)(QObject *object);
+    /// The link, each time before it is started.
+    void (*wake)(mcu::McuSrv *link);
+    /// A command with the addresses of its arguments, before the link gets it.
+    void (*note)(const char *command, const void *const *arguments);
+    /// Whether commands need to be noted.
+    const std::atomic<bool> *isHeard;
+};
+
+/// The function by which the second library gives it, and its name.
+extern "C" const Handover *mcuprobe();
+constexpr char handoverName[] = "mcuprobe";
+
+} // namespace mcusim::probe

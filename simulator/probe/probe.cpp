@@ -1,0 +1,187 @@
+// The second library: one simulation around the library of the application, from the moment in
+// which it is first used to the end of the process.
+#include "complain.h"
+#include "handover.h"
+#include "liverecorder.h"
+#include "probedplatform.h"
+#include "server.h"
+
+#include "mcusrv.h"
+
+#include <QCoreApplication>
+#include <QThread>
+
+#include <cerrno>
+#include <cstdlib>
+
+#include <fcntl.h>
+#include <pthread.h>
+#include <sys/eventfd.h>
+#include <unistd.h>
+
+namespace mcusim::probe {
+
+namespace {
+
+/// As clients name it and its file is named.
+QByteArray programName()
+{
+    QByteArray name = qgetenv("MCUPROBE_NAME");
+    if (name.isEmpty())
+        name = program_invocation_short_name;
+    for (char &c : name) {
+        const bool isKept =
+            (c >= 'a' && c <= 'z') || (c >= 'A' && c <= 'Z') || (c >= '0' && c <= '9') || c == '_';
+        c = isKept ? c : '-';
+    }
+    return name;
+}
+
+/// Lives as long as the process, since the application's own objects may outlive any other.
+class Probe {
+public:
+    static Probe &instance()
+    {
+        static auto *probe = new Probe;
+        return *probe;
+    }
+
+    void meet(QObject *object)
+    {
+        if (!m_isOver)
+            m_simulation.attach(object);
+    }
+
+    void wake(mcu::McuSrv *link);
+    const ProbedPlatform &platform() const { return m_platform; }
+    const std::atomic<bool> &isHeard() const { return m_simulation.isHeard(); }
+
+private:
+    Probe() = default;
+
+    void record(const QByteArray &file);
+    void serve();
+    void stopServing();
+    void end();
+    void prepareFork();
+    void goOnAsParent();
+    void goOnAsChild();
+
+    ProbedPlatform m_platform{makePlatform()};
+    const Catalogue m_names{m_platform};
+    RealTime m_time;
+    Simulation m_simulation{m_names, m_platform, m_time};
+    const QByteArray m_name = programName();
+    std::atomic<bool> m_isAwake = false;
+    std::atomic<bool> m_isOver = false;
+    std::optional<LiveRecorder> m_recorder;
+    std::atomic<Server *> m_server = nullptr;
+};
+
+void Probe::wake(mcu::McuSrv *link)
+{
+    if (m_isAwake.exchange(true))
+        return;
+    m_time = {};
+    m_simulation.attach(link);
+    const QByteArray file = qgetenv("MCUPROBE_RECORD");
+    if (!file.isEmpty())
+        record(file);
+    std::atexit([] { instance().end(); });
+    pthread_atfork([] { instance().prepareFork(); }, [] { instance().goOnAsParent(); },
+                   [] { instance().goOnAsChild(); });
+    if (qgetenv("MCUPROBE_SOCKET") != "0")
+        qAddPreRoutine([] { instance().serve(); }); // at once when the application object is there
+}
+
+void Probe::record(const QByteArray &file)
+{
+    try {
+        m_recorder.emplace(file, QString::fromLatin1(m_name));
+        m_simulation.addSink(&*m_recorder);
+    } catch (const Refusal &refusal) {
+        complain(refusal);
+    }
+}
+
+void Probe::serve()
+{
+    if (m_isOver || m_server)
+        return;
+    try {
+        auto server = std::make_unique<Server>(m_simulation, m_name);
+        QThread *thread = QCoreApplication::instance()->thread();
+        server->moveToThread(thread);
+        if (thread == QThread::currentThread())
+            server->open();
+        else
+            QMetaObject::invokeMethod(server.get(), &Server::open);
+        m_server = server.release();
+        qAddPostRoutine([] { instance().stopServing(); });
+    } catch (const Refusal &refusal) {
+        complain(refusal);
+    }
+}
+
+/// The application object goes.
+void Probe::stopServing()
+{
+    if (!m_isOver)
+        delete m_server.exchange(nullptr);
+}
+
+/// The process ends, perhaps with an application object and threads that are at work.
+void Probe::end()
+{
+    if (m_isOver.exchange(true))
+        return;
+    if (m_recorder) {
+        m_simulation.removeSink(&*m_recorder);
+        m_recorder->finish(m_time.now());
+    }
+    m_simulation.silence();
+    if (Server *server = m_server)
+        server->abandon();
+}
+
+void Probe::prepareFork()
+{
+    if (Server *server = m_server)
+        server->holdStill();
+}
+
+void Probe::goOnAsParent()
+{
+    if (Server *server = m_server)
+        server->goOn();
+}
+
+/// Does only what can be done although the other threads have vanished in the middle of something.
+/// The descriptors stay valid for the notifiers of an event loop, but nothing ever comes.
+void Probe::goOnAsChild()
+{
+    const bool wasOver = m_isOver.exchange(true);
+    m_simulation.silence();
+    const int nothing = eventfd(0, EFD_CLOEXEC);
+    if (m_recorder && !wasOver && m_recorder->descriptor() >= 0)
+        dup3(nothing, m_recorder->descriptor(), O_CLOEXEC);
+    if (Server *server = m_server) {
+        server->beChild(nothing);
+        server->goOn();
+    }
+}
+
+} // namespace
+
+extern "C" Q_DECL_EXPORT const Handover *mcuprobe()
+{
+    static const Handover handover{[](QObject *object) { Probe::instance().meet(object); },
+                                   [](mcu::McuSrv *link) { Probe::instance().wake(link); },
+                                   [](const char *command, const void *const *arguments) {
+                                       Probe::instance().platform().note(command, arguments);
+                                   },
+                                   &Probe::instance().isHeard()};
+    return &handover;
+}
+
+} // namespace mcusim::probe

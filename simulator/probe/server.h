@@ -1,0 +1,78 @@
+// Clients of the probe: their lines are played in the application's main thread, what happens is
+// sent to them as scenario lines.
+#pragma once
+
+#include "backlog.h"
+#include "simulation.h"
+#include "sinks.h"
+#include "socketfile.h"
+
+#include <QSocketNotifier>
+
+#include <memory>
+#include <mutex>
+#include <optional>
+#include <vector>
+
+namespace mcusim::probe {
+
+/// Made anew for each application object, in whose thread it works; only hear() may be called from
+/// others.
+class Server : public QObject, public Sink {
+public:
+    /// Throws a Refusal when there can be no socket.
+    Server(Simulation &simulation, const QByteArray &name);
+    ~Server() override;
+
+    /// Begins to accept clients. Called in the thread of the application object.
+    void open();
+    void hear(const Event &event) override;
+
+    /// The process ends, in whatever thread and state: tells clients what they have not got yet.
+    void abandon();
+    /// Around a fork: holds what a child must find whole, and in the child gives away all
+    /// connections. They stay open to the parent alone.
+    void holdStill() { m_mutex.lock(); }
+    void goOn() { m_mutex.unlock(); }
+    void beChild(int replacement);
+
+    bool event(QEvent *event) override;
+
+private:
+    struct Client {
+        explicit Client(int connection);
+        ~Client();
+        Client(const Client &) = delete;
+        Client &operator=(const Client &) = delete;
+
+        int socket;
+        QSocketNotifier readable;
+        QSocketNotifier writable;
+        LineReader lines;
+        std::optional<Filter> filter; ///< none: everything is sent
+        Backlog backlog;
+        bool isEnding = false; ///< nothing more comes from it
+        std::atomic<bool> isGone = false;
+    };
+    using ClientPointer = std::shared_ptr<Client>;
+
+    void accept();
+    void read(const ClientPointer &client);
+    QByteArray take(Client &client, const QByteArray &line);
+    void setFilter(Client &client, const QJsonObject &line);
+    void flushSoon();
+    void flush();
+
+    Simulation &m_simulation;
+    QByteArray m_name;
+    SocketFile m_file;
+    std::optional<QSocketNotifier> m_waiting;
+    std::atomic<bool> m_willFlush = false;
+    std::atomic<bool> m_isChild = false;
+    bool m_isSink = false;
+
+    std::mutex m_mutex; ///< guards what follows, with filters and backlogs
+    std::vector<ClientPointer> m_clients;
+};
+
+} // namespace mcusim::probe
