@@ -13,6 +13,7 @@
 #include <QPlainTextEdit>
 #include <QProcess>
 #include <QSlider>
+#include <QStatusBar>
 #include <QTemporaryDir>
 #include <QTest>
 
@@ -155,6 +156,30 @@ private Q_SLOTS:
         m_window.findChild<QSlider *>("Speed")->setValue(77);
         m_window.refresh();
         QVERIFY(view("Drive")->grab().toImage() != before);
+    }
+
+    void drivesARunningApplication()
+    {
+        constexpr int patience = 30'000;
+        const QTemporaryDir folder;
+        qputenv("XDG_RUNTIME_DIR", QFile::encodeName(folder.path()));
+        QProcess application;
+        application.start(MCUSIM, {"run", "--name", "car", "--", DASHBOARD});
+        QTRY_COMPARE_WITH_TIMEOUT(processesNamed("car").size(), 1, patience);
+        RunningApplication car("car", m_time);
+        Window window(car);
+        auto *drive = window.findChild<View *>("Drive");
+        const QImage before = drive->grab().toImage();
+        window.findChild<QSlider *>("Speed")->setValue(66);
+        QTRY_VERIFY_WITH_TIMEOUT(drive->grab().toImage() != before, patience);
+        // The dashboard lowers the volume.
+        window.findChild<QAbstractButton *>("Reverse gear")->click();
+        auto *commands = window.findChild<QPlainTextEdit *>("Link commands");
+        QTRY_VERIFY_WITH_TIMEOUT(commands->toPlainText().contains("SetVolume(0)"), patience);
+        application.terminate();
+        QTRY_VERIFY_WITH_TIMEOUT(window.statusBar()->currentMessage().contains("has ended"),
+                                 patience);
+        QTRY_COMPARE_WITH_TIMEOUT(application.state(), QProcess::NotRunning, patience);
     }
 
     void keyboardReachesAllControls()
