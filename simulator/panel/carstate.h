@@ -22,17 +22,13 @@ public:
     std::optional<int> number(const QString &name) const;
     std::optional<QString> text(const QString &name) const;
 
-    /// All values of a signal, for people who do not see the window.
-    QString described(const QString &signal) const;
-
-    /// The names of the signals whose values differ from those at the last call.
+    /// The names of all values that differ from those at the last call.
     QSet<QString> takeChanged() { return std::exchange(m_changed, {}); }
     /// The moment of the last event, in milliseconds.
     qint64 time() const { return m_time; }
 
 private:
-    void set(const QString &signal, const QString &field, const QVariant &value);
-    void setUnchanged(const mcusim::Event &event);
+    void set(const QString &name, const QVariant &value);
 
     QHash<QString, QVariant> m_values;
     QSet<QString> m_changed;

@@ -2,8 +2,6 @@
 
 #include <QCheckBox>
 #include <QFormLayout>
-#include <QLabel>
-#include <QLineEdit>
 #include <QSlider>
 #include <QSpinBox>
 
@@ -13,7 +11,7 @@ using namespace mcusim;
 
 /// A control sets some arguments of an input; the others keep what they were.
 struct Controls::Control {
-    enum Type { Slider, Number, Box, Line };
+    enum Type { Slider, Number, Box };
     const char *label; ///< with its accelerator
     Type type;
     Kind kind;
@@ -43,9 +41,7 @@ const Controls::Control Controls::all[]{
     {"Vo&lume", Control::Slider, Kind::Report, "audioVolumeSgl", 1, 1, 40},
     {"&Mute", Control::Box, Kind::Report, "audioVolumeSgl", 0, 1, 1},
     {"Aud&io channel", Control::Number, Kind::Call, "McuManager.updateAudioChannel", 0, 1, 255},
-    {"Radio &frequency", Control::Number, Kind::Report, "radioCurrChInfoChangedSgl", 0, 1,
-     1'000'000},
-    {"Station te&xt", Control::Line, Kind::Report, "psNameNotifySgl", 0, 1, 16},
+    {"Radio &frequency", Control::Number, Kind::Report, "radioCurrChInfoChangedSgl", 0, 1, 1000000},
 };
 
 Controls::Controls(Target &target) : m_target(target)
@@ -57,7 +53,7 @@ Controls::Controls(Target &target) : m_target(target)
         QVariantList &values = m_values[control.input];
         const Signature *what = target.names().find(control.kind, control.input).value(0);
         while (values.size() < what->parameters.size())
-            values.append(QVariant(what->parameters[values.size()].type, nullptr));
+            values.append(0);
         QWidget *field = made(control);
         field->setObjectName(QString(control.label).remove('&'));
         field->setAccessibleName(field->objectName());
@@ -70,42 +66,30 @@ Controls::Controls(Target &target) : m_target(target)
 
 QWidget *Controls::made(const Control &control)
 {
-    switch (control.type) {
-    case Control::Slider: {
-        auto *slider = new QSlider(Qt::Horizontal);
-        slider->setRange(0, control.most);
-        slider->setValue(control.atStart);
-        slider->setPageStep(std::max(1, control.most / 10));
-        slider->setSingleStep(std::max(1, control.most / 100));
-        connect(slider, &QSlider::valueChanged, this,
-                [this, &control](int value) { send(control, value); });
-        return slider;
+    const auto change = [this, &control](int value) { send(control, value); };
+    if (control.type == Control::Box) {
+        auto *box = new QCheckBox(control.label);
+        connect(box, &QCheckBox::toggled, this,
+                [change, &control](bool isOn) { change(isOn ? control.most : 0); });
+        return box;
     }
-    case Control::Number: {
+    if (control.type == Control::Number) {
         auto *number = new QSpinBox;
         number->setRange(0, control.most);
         number->setKeyboardTracking(false);
-        connect(number, qOverload<int>(&QSpinBox::valueChanged), this,
-                [this, &control](int value) { send(control, value); });
+        connect(number, qOverload<int>(&QSpinBox::valueChanged), this, change);
         return number;
     }
-    case Control::Box: {
-        auto *box = new QCheckBox(control.label);
-        connect(box, &QCheckBox::toggled, this,
-                [this, &control](bool isOn) { send(control, isOn ? control.most : 0); });
-        return box;
-    }
-    case Control::Line:
-        break;
-    }
-    auto *line = new QLineEdit;
-    line->setMaxLength(control.most);
-    connect(line, &QLineEdit::editingFinished, this,
-            [this, &control, line] { send(control, line->text()); });
-    return line;
+    auto *slider = new QSlider(Qt::Horizontal);
+    slider->setRange(0, control.most);
+    slider->setValue(control.atStart);
+    slider->setPageStep(std::max(1, control.most / 10));
+    slider->setSingleStep(std::max(1, control.most / 100));
+    connect(slider, &QSlider::valueChanged, this, change);
+    return slider;
 }
 
-void Controls::send(const Control &control, const QVariant &value)
+void Controls::send(const Control &control, int value)
 {
     QVariantList &values = m_values[control.input];
     std::fill_n(values.begin() + control.first, control.count, value);

@@ -6,8 +6,6 @@
 #include <QHash>
 #include <QWidget>
 
-class QFormLayout;
-
 namespace mcupanel {
 
 class Controls : public QWidget {
@@ -19,7 +17,7 @@ private:
     static const Control all[];
 
     QWidget *made(const Control &control);
-    void send(const Control &control, const QVariant &value);
+    void send(const Control &control, int value);
 
     Target &m_target;
     QHash<QString, QVariantList> m_values; ///< as each input was sent last, or will be first

@@ -1,66 +1,60 @@
-#include "views.h"
+// Speed, reverse gear and steering wheel.
+#include "view.h"
 
 namespace mcupanel {
 
 namespace {
 
 const QString speedRecord = "McuService.syncVehicleSpeedInforUpdate/";
-const QString speed = "McuService.syncSpeedUpdate/speed";
-const QString reverse = "McuService.reverseChanged/state";
 const QString steeringRecord = "McuService.syncSteeringAngleInforUpdate/";
-const QString steering = "McuVechicleBridge.steeringAngleChanged/percent";
+const QString steeringPercent = "McuVechicleBridge.steeringAngleChanged/percent";
+const QString reverse = "McuService.reverseChanged/state";
 constexpr int reverseOn = 2;
+
+class DriveView : public View {
+public:
+    explicit DriveView(const CarState &state) : View(state, "Drive", {330, 215}) {}
+
+protected:
+    void draw(QPainter &painter) override
+    {
+        writeLarge(painter, {14, 2, 156, 95}, "Speed in km/h",
+                   shown("McuService.syncSpeedUpdate/speed"));
+        writeField(painter, {14, 98, 158, 18}, "vehicle_speed_valid",
+                   speedRecord + "vehicle_speed_valid");
+        const std::optional<int> gear = number(reverse);
+        const bool isReverse = gear == reverseOn;
+        writeLarge(painter, {14, 120, 156, 93}, "Reverse gear",
+                   gear ? QString(isReverse ? "R" : "off") : shown(reverse),
+                   isReverse ? Ink::Warning : Ink::Plain);
+        drawWheel(painter, number(steeringPercent));
+    }
+
+private:
+    void drawWheel(QPainter &painter, const std::optional<int> &percent)
+    {
+        constexpr double rim = 62;
+        constexpr double perPercent = 3.6; // degrees on the screen
+        write(painter, {172, 2, 158, 18}, Qt::AlignCenter, "Steering wheel", Ink::Dim);
+        painter.save();
+        painter.translate(252, 92);
+        painter.rotate((percent.value_or(50) - 50) * perPercent);
+        painter.setPen(pen(percent ? std::optional(0) : std::nullopt, Ink::Plain, 7));
+        painter.drawEllipse(QPointF(0, 0), rim, rim);
+        for (const QPointF end : {QPointF(-rim, 0), QPointF(rim, 0), QPointF(0, rim)})
+            painter.drawLine(QPointF(0, 0), end);
+        painter.setPen(QPen(colour(percent ? Ink::Accent : Ink::Dim), 9));
+        painter.drawPoint(QPointF(0, -rim));
+        painter.restore();
+        write(painter, {172, 162, 158, 24}, Qt::AlignCenter,
+              shown(steeringPercent) + (percent ? " %" : ""), Ink::Plain, 20);
+        writeField(painter, {184, 188, 146, 18}, "steering_angle",
+                   steeringRecord + "steering_angle");
+    }
+};
 
 } // namespace
 
-DriveView::DriveView(const CarState &state)
-    : View(state, "Drive", {330, 215},
-           {"McuService.syncVehicleSpeedInforUpdate", "McuService.syncSpeedUpdate",
-            "McuService.reverseChanged", "McuService.syncSteeringAngleInforUpdate",
-            "McuVechicleBridge.steeringAngleChanged"})
-{
-}
-
-void DriveView::draw(QPainter &painter)
-{
-    constexpr int large = 60;
-    const auto centre = int(Qt::AlignCenter);
-    write(painter, {0, 2, 170, 18}, centre, "Speed in km/h", Ink::Dim);
-    write(painter, {0, 20, 170, 76}, centre, shown(speed), Ink::Plain, large, true);
-    writeField(painter, {12, 96, 160, 18}, "vehicle_speed_valid",
-               speedRecord + "vehicle_speed_valid");
-    const std::optional<int> gear = number(reverse);
-    const bool isReverse = gear == reverseOn;
-    write(painter, {0, 122, 170, 18}, centre, "Reverse gear", Ink::Dim);
-    write(painter, {0, 140, 170, 72}, centre,
-          !gear ? shown(reverse) : QString(isReverse ? "R" : "off"),
-          isReverse ? Ink::Warning : Ink::Plain, large, true);
-    drawWheel(painter);
-}
-
-void DriveView::drawWheel(QPainter &painter)
-{
-    constexpr QPointF hub(252, 92);
-    constexpr double rim = 62;
-    constexpr double fullTurn = 360; // from 0 to 100 percent
-    const std::optional<int> percent = number(steering);
-    write(painter, {172, 2, 158, 18}, Qt::AlignCenter, "Steering wheel", Ink::Dim);
-    painter.save();
-    painter.translate(hub);
-    painter.rotate((percent.value_or(50) - 50) * fullTurn / 100);
-    QPen line = pen(percent ? std::optional(0) : std::nullopt, Ink::Plain, 7);
-    painter.setPen(line);
-    painter.drawEllipse(QPointF(0, 0), rim, rim);
-    for (const QPointF end : {QPointF(-rim, 0), QPointF(rim, 0), QPointF(0, rim)})
-        painter.drawLine(QPointF(0, 0), end);
-    if (percent) {
-        painter.setPen(QPen(colour(Ink::Accent), 9, Qt::SolidLine, Qt::FlatCap));
-        painter.drawLine(QPointF(0, -rim - 5), QPointF(0, -rim + 5));
-    }
-    painter.restore();
-    write(painter, {172, 162, 158, 24}, Qt::AlignCenter,
-          percent ? QString::number(*percent) + " %" : shown(steering), Ink::Plain, 20, true);
-    writeField(painter, {184, 188, 146, 18}, "steering_angle", steeringRecord + "steering_angle");
-}
+View *makeDriveView(const CarState &state) { return new DriveView(state); }
 
 } // namespace mcupanel

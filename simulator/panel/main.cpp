@@ -17,23 +17,15 @@ namespace {
 
 constexpr QSize size{1280, 720};
 
-/// A palette of its own in place of the desktop's.
+/// A palette of its own in place of the desktop's; Qt finds the other colours.
 QPalette paletteOf(bool isDark)
 {
     const QColor ground = isDark ? QColor(32, 35, 40) : QColor(244, 245, 247);
-    const QColor plain = isDark ? QColor(232, 234, 237) : QColor(26, 28, 32);
-    const QColor highlight = isDark ? QColor(90, 170, 255) : QColor(20, 100, 200);
-    QPalette palette(plain, ground.lighter(isDark ? 130 : 100), ground.lighter(150),
-                     ground.darker(150), ground.darker(120), plain, plain,
-                     isDark ? ground.lighter(150) : QColor(Qt::white), ground);
-    palette.setColor(QPalette::Highlight, highlight);
-    palette.setColor(QPalette::HighlightedText, isDark ? QColor(Qt::black) : QColor(Qt::white));
-    palette.setColor(QPalette::ToolTipBase, ground);
-    palette.setColor(QPalette::ToolTipText, plain);
-    for (const QPalette::ColorRole role :
-         {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(QPalette::Disabled, role, QColor(128, 128, 128));
-    palette.setColor(QPalette::PlaceholderText, QColor(128, 128, 128));
+    QPalette palette(isDark ? ground.lighter(140) : ground, ground);
+    palette.setColor(QPalette::Base, isDark ? ground.lighter(140) : Qt::white);
+    palette.setColor(QPalette::PlaceholderText, Qt::gray);
+    palette.setColor(QPalette::Highlight, isDark ? QColor(90, 170, 255) : QColor(20, 100, 200));
+    palette.setColor(QPalette::HighlightedText, isDark ? Qt::black : Qt::white);
     return palette;
 }
 

@@ -7,8 +7,6 @@
 
 #include <QWidget>
 
-#include <memory>
-
 namespace mcupanel {
 
 class Plot : public QWidget {

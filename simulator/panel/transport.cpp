@@ -44,13 +44,6 @@ Transport::Transport(Target &target) : m_target(target)
         if (m_player && m_player->isRunning())
             play();
     });
-    for (const auto &[keys, by] :
-         {std::pair(QKeySequence::ZoomIn, 1), {QKeySequence::ZoomOut, -1}}) {
-        auto *action = new QAction(this);
-        action->setShortcuts(keys);
-        connect(action, &QAction::triggered, this, [this, by = by] { changeSpeed(by); });
-        addAction(action);
-    }
     setSpeed(1);
     refresh();
 }
@@ -151,11 +144,6 @@ void Transport::stop(const QString &why)
     if (!why.isEmpty())
         m_target.onTrouble(why);
     refresh();
-}
-
-void Transport::changeSpeed(int by)
-{
-    m_speed->setCurrentIndex(qBound(0, m_speed->currentIndex() + by, m_speed->count() - 1));
 }
 
 double Transport::speed() const { return m_speed->currentData().toDouble(); }

@@ -33,7 +33,6 @@ private:
     void choose();
     void playOrPause();
     void step();
-    void changeSpeed(int by);
     void stop(const QString &why);
     void rewind();
     double speed() const;

@@ -1,7 +1,6 @@
 #include "view.h"
 
 #include <QAccessible>
-#include <QPainterPath>
 
 #include <cmath>
 
@@ -10,11 +9,11 @@ namespace mcupanel {
 namespace {
 
 const QString notReported = QStringLiteral("– –");
+constexpr int bold = 16; ///< texts of this height and above are bold
 
 } // namespace
 
-View::View(const CarState &state, const char *name, QSize canvas, const QStringList &signalNames)
-    : m_state(state), m_canvas(canvas), m_signals(signalNames)
+View::View(const CarState &state, const char *name, QSize canvas) : m_state(state), m_canvas(canvas)
 {
     setObjectName(name);
     setAccessibleName(name);
@@ -25,16 +24,16 @@ View::View(const CarState &state, const char *name, QSize canvas, const QStringL
 
 void View::refresh(const QSet<QString> &changed)
 {
-    if (!std::any_of(m_signals.begin(), m_signals.end(),
-                     [&changed](const QString &signal) { return changed.contains(signal); }))
+    if (!m_shown.intersects(changed))
         return;
     update();
     if (!QAccessible::isActive())
         return;
     QStringList texts;
-    for (const QString &signal : m_signals)
-        texts.append(m_state.described(signal));
-    setAccessibleDescription(texts.join("; "));
+    for (const QString &name : std::as_const(m_shown))
+        texts.append(name.section('/', -1) + ' ' + m_state.text(name).value_or("not reported"));
+    texts.sort();
+    setAccessibleDescription(texts.join(", "));
 }
 
 void View::paintEvent(QPaintEvent *)
@@ -50,37 +49,34 @@ void View::paintEvent(QPaintEvent *)
     draw(painter);
 }
 
-QString View::shown(const QString &name) const { return m_state.text(name).value_or(notReported); }
+std::optional<int> View::number(const QString &name)
+{
+    m_shown.insert(name);
+    return m_state.number(name);
+}
+
+QString View::shown(const QString &name)
+{
+    m_shown.insert(name);
+    return m_state.text(name).value_or(notReported);
+}
 
 QColor View::colour(Ink ink) const
 {
-    const QColor plain = palette().color(QPalette::WindowText);
-    const QColor ground = palette().color(QPalette::Window);
+    const bool isDark = palette().color(QPalette::Window).lightness() < 128;
+    QColor plain = palette().color(QPalette::WindowText);
     switch (ink) {
     case Ink::Plain:
-        return plain;
-    case Ink::Dim: {
-        constexpr double portion = 0.6;
-        const auto mix = [](double a, double b) { return a * portion + b * (1 - portion); };
-        return QColor::fromRgbF(mix(plain.redF(), ground.redF()),
-                                mix(plain.greenF(), ground.greenF()),
-                                mix(plain.blueF(), ground.blueF()));
-    }
+        break;
+    case Ink::Dim:
+        plain.setAlphaF(0.65);
+        break;
     case Ink::Accent:
         return palette().color(QPalette::Highlight);
     case Ink::Warning:
-        return ground.lightness() < 128 ? QColor(255, 110, 90) : QColor(190, 30, 20);
+        return isDark ? QColor(255, 110, 90) : QColor(190, 30, 20);
     }
     return plain;
-}
-
-QColor View::blend(Ink far, Ink near, double portion) const
-{
-    const QColor a = colour(far);
-    const QColor b = colour(near);
-    const auto mix = [portion](double from, double to) { return from + (to - from) * portion; };
-    return QColor::fromRgbF(mix(a.redF(), b.redF()), mix(a.greenF(), b.greenF()),
-                            mix(a.blueF(), b.blueF()));
 }
 
 QPen View::pen(const std::optional<int> &value, Ink other, double width) const
@@ -90,35 +86,34 @@ QPen View::pen(const std::optional<int> &value, Ink other, double width) const
     return {colour(*value == 0 ? Ink::Plain : other), width};
 }
 
-void View::drawLamp(QPainter &painter, const QPainterPath &shape, const std::optional<bool> &isOn,
-                    Ink on) const
+void View::drawLamp(QPainter &painter, QPointF centre, double radius,
+                    const std::optional<bool> &isOn) const
 {
-    painter.setPen(pen(isOn, on));
-    painter.setBrush(isOn.value_or(false) ? QBrush(colour(on)) : QBrush(Qt::NoBrush));
-    painter.drawPath(shape);
+    painter.setPen(pen(isOn, Ink::Accent));
+    painter.setBrush(isOn.value_or(false) ? QBrush(colour(Ink::Accent)) : QBrush(Qt::NoBrush));
+    painter.drawEllipse(centre, radius, radius);
     painter.setBrush(Qt::NoBrush);
 }
 
-QFont View::face(int height, bool isBold) const
+QFont View::face(int height) const
 {
     QFont face = font();
     face.setPixelSize(height);
-    face.setBold(isBold);
+    face.setBold(height >= bold);
     return face;
 }
 
-QString View::fitting(const QString &text, double width, int height, bool isBold) const
+QString View::fitting(const QString &text, double width, int height) const
 {
-    return QFontMetricsF(face(height, isBold)).elidedText(text, Qt::ElideRight, width);
+    return QFontMetricsF(face(height)).elidedText(text, Qt::ElideRight, width);
 }
 
 void View::write(QPainter &painter, const QRectF &place, int alignment, const QString &text,
-                 Ink ink, int height, bool isBold)
+                 Ink ink, int height)
 {
-    const QFont used = face(height, isBold);
-    painter.setFont(used);
+    painter.setFont(face(height));
     painter.setPen(colour(text == notReported ? Ink::Dim : ink));
-    const QRectF needed = QFontMetricsF(used).boundingRect(place, alignment, text);
+    const QRectF needed = QFontMetricsF(painter.font()).boundingRect(place, alignment, text);
     if (std::floor(needed.width()) > place.width() || std::floor(needed.height()) > place.height())
         m_cutTexts.append(text);
     painter.drawText(place, alignment, text);
@@ -129,9 +124,18 @@ void View::writeField(QPainter &painter, const QRectF &place, const QString &lab
 {
     constexpr int gap = 6;
     const double width = QFontMetricsF(face(usual)).horizontalAdvance(label) + gap;
-    write(painter, place, Qt::AlignLeft | Qt::AlignVCenter, label, Ink::Dim);
-    write(painter, place.adjusted(width, 0, 0, 0), Qt::AlignLeft | Qt::AlignVCenter, shown(name),
-          ink);
+    write(painter, place, leftwards, label, Ink::Dim);
+    write(painter, place.adjusted(width, 0, 0, 0), leftwards, shown(name), ink);
+}
+
+void View::writeLarge(QPainter &painter, const QRectF &place, const QString &label,
+                      const QString &text, Ink ink)
+{
+    constexpr int caption = 17;
+    constexpr double portion = 0.75; // of the line
+    write(painter, {place.topLeft(), QSizeF(place.width(), caption)}, leftwards, label, Ink::Dim);
+    write(painter, place.adjusted(0, caption, 0, 0), leftwards, text, ink,
+          int((place.height() - caption) * portion));
 }
 
 } // namespace mcupanel

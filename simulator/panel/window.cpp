@@ -1,7 +1,6 @@
 #include "window.h"
 
 #include "values.h"
-#include "views.h"
 
 #include <QAction>
 #include <QLabel>
@@ -23,9 +22,8 @@ constexpr int shownCommands = 200;
 Window::Window(Target &target)
 {
     setWindowTitle("mcupanel: " + target.title());
-    auto *drive = new DriveView(m_state);
-    auto *media = new MediaView(m_state);
-    m_views = {new CarView(m_state), drive, media, new ClimateView(m_state)};
+    m_views = {makeCarView(m_state), makeDriveView(m_state), makeMediaView(m_state),
+               makeClimateView(m_state)};
     m_plot = makePlot(target.names(), m_state);
     m_transport = new Transport(target);
     m_commands = new QPlainTextEdit;
@@ -39,8 +37,8 @@ Window::Window(Target &target)
     m_commands->setMinimumWidth(300);
 
     auto *middle = new QVBoxLayout;
-    middle->addWidget(drive);
-    middle->addWidget(media);
+    middle->addWidget(m_views[1]);
+    middle->addWidget(m_views[2]);
     auto *shown = new QHBoxLayout;
     shown->addWidget(m_views.first(), 40);
     shown->addLayout(middle, 33);
