@@ -77,7 +77,7 @@ int show(const CommandLine &line, int argc, char **argv)
         // So long as the slowest part takes to be drawn.
         constexpr int drawing = 300;
         clock.advanceTo(clock.now() + drawing);
-        if (!window.grab().toImage().convertToFormat(QImage::Format_RGB444).save(picture, "PNG", 0))
+        if (!window.grab().toImage().convertToFormat(QImage::Format_RGB555).save(picture, "PNG", 0))
             throw Refusal("cannot write " + picture);
         return Passed;
     }
