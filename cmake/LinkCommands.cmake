@@ -2,8 +2,8 @@
 # @parameters@ and the @values@ of them, as the contract declares it; @more@ is the values behind
 # another argument.
 function(link_commands result text)
-    set(header ${PROJECT_SOURCE_DIR}/platform/contract/link/mcusrv.h ${ARGN})
-    list(POP_BACK header header)
+    set(headers ${PROJECT_SOURCE_DIR}/platform/contract/link/mcusrv.h ${ARGN})
+    list(GET headers -1 header)
     set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${header})
     file(READ ${header} commands)
     string(REGEX REPLACE ".*public Q_SLOTS:(.*)Q_SIGNALS:.*" "\\1" commands "${commands}")

@@ -8,7 +8,14 @@
 namespace mcusim {
 
 Player::Player(Source source, Simulation &simulation, Judge *judge)
-    : m_source(std::move(source)), m_simulation(simulation), m_judge(judge)
+    : Player(
+          std::move(source), [&simulation](const Event &input) { return simulation.play(input); },
+          simulation.clock(), judge)
+{
+}
+
+Player::Player(Source source, Input play, Clock &clock, Judge *judge)
+    : m_source(std::move(source)), m_play(std::move(play)), m_clock(clock), m_judge(judge)
 {
 }
 
@@ -23,14 +30,14 @@ const Event *Player::next()
 
 bool Player::step()
 {
-    if (!next() || !m_simulation.clock().advanceTo(m_next->time))
+    if (!next() || !m_clock.advanceTo(m_next->time))
         return false;
     const Event event = *m_next;
     m_next.reset();
     m_position = event.time;
     if (event.isInput()) {
         m_lastInput = event.time;
-        const QString why = m_simulation.play(event);
+        const QString why = m_play(event);
         if (!why.isEmpty())
             throw Refusal(why);
     } else if (m_judge) {
@@ -61,12 +68,16 @@ void Player::timerEvent(QTimerEvent *)
 {
     QString why;
     try {
-        while (isRunning() && next() && untilDue(*m_next) <= 0)
+        // What else the program does has its turn, too, when more is due than can be played.
+        constexpr qint64 longestTurn = 10;
+        QElapsedTimer turn;
+        turn.start();
+        while (isRunning() && next() && untilDue(*m_next) <= 0 && turn.elapsed() < longestTurn)
             step();
         if (isRunning() && m_next) {
             constexpr double longest = std::numeric_limits<int>::max();
-            m_timer.start(int(std::min(std::ceil(untilDue(*m_next)), longest)), Qt::PreciseTimer,
-                          this);
+            m_timer.start(int(std::clamp(std::ceil(untilDue(*m_next)), 0.0, longest)),
+                          Qt::PreciseTimer, this);
         }
     } catch (const Refusal &refusal) {
         why = refusal.text();

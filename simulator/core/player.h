@@ -18,8 +18,13 @@ public:
     /// Called when a start() ends, with the reason if a line cannot be read.
     using Stopped = std::function<void(const QString &why)>;
 
+    /// Plays an input. Returns one line with the reason if it cannot be played, else an empty text.
+    using Input = std::function<QString(const Event &input)>;
+
     /// Without a judge, expected lines are not compared.
     Player(Source source, Simulation &simulation, Judge *judge);
+    /// Plays into anything.
+    Player(Source source, Input play, Clock &clock, Judge *judge = nullptr);
 
     /// Moves to the next line and plays it. False at the end, and when the clock was stopped.
     bool step();
@@ -46,7 +51,8 @@ private:
     double untilDue(const Event &event) const;
 
     Source m_source;
-    Simulation &m_simulation;
+    Input m_play;
+    Clock &m_clock;
     Judge *m_judge;
     std::optional<Event> m_next;
     bool m_isAtEnd = false;

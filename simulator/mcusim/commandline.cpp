@@ -10,10 +10,15 @@ namespace mcusim {
 
 namespace {
 
+QString nameOf(const CommandLine::Usage &usage)
+{
+    return (QString(usage.program) + ' ' + usage.command).trimmed();
+}
+
 void showHelp(const CommandLine::Usage &usage)
 {
-    QString text = QString("Usage: mcusim ") + usage.command + " [options] " + usage.operands +
-                   "\n\n" + usage.description + "\n\nOptions:\n";
+    QString text = "Usage: " + nameOf(usage) + " [options] " + usage.operands + "\n\n" +
+                   usage.description + "\n\nOptions:\n";
     for (const CommandLine::Option &option : usage.options) {
         const QString name = QString("--") + option.name + ' ' + (option.value ? option.value : "");
         text += "  " + name.leftJustified(18) + ' ' + option.help + '\n';
@@ -25,7 +30,7 @@ void showHelp(const CommandLine::Usage &usage)
 } // namespace
 
 CommandLine::CommandLine(const QStringList &arguments, const Usage &usage)
-    : m_command(usage.command)
+    : m_command(nameOf(usage))
 {
     m_parser.addOption(QCommandLineOption(QStringList{"h", "help"}));
     for (const Option &option : usage.options)
@@ -99,7 +104,7 @@ void CommandLine::expectOperands(int least, int most, const char *what) const
 
 void CommandLine::refuse(const QString &why) const
 {
-    throw Refusal(why + "; see mcusim " + m_command + " --help");
+    throw Refusal(why + "; see " + m_command + " --help");
 }
 
 } // namespace mcusim

@@ -37,6 +37,7 @@ public:
         const char *operands;
         const char *description;
         QVector<Option> options;
+        const char *program = "mcusim";
     };
 
     /// Throws a Refusal for what the usage does not have. Shows the help where it is asked for and
@@ -63,7 +64,7 @@ private:
     double read(const char *option, double otherwise, const char *expected, double least,
                 double most) const;
 
-    QString m_command;
+    QString m_command; ///< with the program
     QCommandLineParser m_parser;
 };
 

@@ -5,6 +5,7 @@
 #include <QFile>
 #include <QLoggingCategory>
 
+#include <cerrno>
 #include <csignal>
 
 #include <fcntl.h>
@@ -41,7 +42,8 @@ std::FILE *console() { return originalError; }
 
 void complain(const QString &why)
 {
-    std::fputs(("mcusim: " + printable(why) + '\n').toUtf8().constData(), console());
+    const QString line = QString(program_invocation_short_name) + ": " + printable(why) + '\n';
+    std::fputs(line.toUtf8().constData(), console());
 }
 
 void put(const QString &line) { std::fputs((line + '\n').toUtf8().constData(), stdout); }

@@ -21,7 +21,7 @@ void secureStreams();
 /// Standard error as the user sees it, also while the library's own is silenced.
 std::FILE *console();
 
-/// "mcusim: ..." on it as one line, and a line on standard output.
+/// "mcusim: ..." on it as one line, with the name of the program, and a line on standard output.
 void complain(const QString &why);
 void put(const QString &line);
 
