@@ -169,8 +169,13 @@ int runAndPlay(const CommandLine &line, char *const *arguments)
     JUnitFile junit(line.value("junit"));
     Program program(arguments);
     std::optional<LiveProcess> application = findApplication(program.pid());
-    for (; !application && program.goesOn(); application = findApplication(program.pid()))
+    constexpr int patience = 10'000;
+    for (int waited = 0; !application && program.goesOn(); waited += Program::interval) {
+        if (waited == patience)
+            complain("still waiting for " + line.operands().first() + " to start the link");
         poll(nullptr, 0, Program::interval);
+        application = findApplication(program.pid());
+    }
     if (!application && !wasInterrupted())
         complain(line.operands().first() + " ended before it started the link");
     if (!application)
