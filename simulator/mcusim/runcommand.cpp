@@ -209,7 +209,7 @@ const CommandLine::Usage usage{
      {"speed", "X", "Play at X times real time (1)."},
      {"tolerance", "SECONDS", "How far what comes may be from its moment (0.5)."},
      {"keep", nullptr, "Do not end it after the play."},
-     {"quiet", nullptr, "Show only what fails of the play."},
+     {"quiet", nullptr, "Show the summary only if it fails."},
      {"junit", "FILE", "Write the verdict as JUnit XML."},
      {"record", "FILE", "Record all that goes in and comes out."},
      {"name", "NAME", "Name of the application for other commands (that of the program)."},
