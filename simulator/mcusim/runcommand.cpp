@@ -169,8 +169,13 @@ int runAndPlay(const CommandLine &line, char *const *arguments)
     JUnitFile junit(line.value("junit"));
     Program program(arguments);
     std::optional<LiveProcess> application = findApplication(program.pid());
-    for (; !application && program.goesOn(); application = findApplication(program.pid()))
+    constexpr int patience = 10'000;
+    for (int waited = 0; !application && program.goesOn(); waited += Program::interval) {
+        if (waited == patience)
+            complain("still waiting for " + line.operands().first() + " to start the link");
         poll(nullptr, 0, Program::interval);
+        application = findApplication(program.pid());
+    }
     if (!application && !wasInterrupted())
         complain(line.operands().first() + " ended before it started the link");
     if (!application)
@@ -204,7 +209,7 @@ const CommandLine::Usage usage{
      {"speed", "X", "Play at X times real time (1)."},
      {"tolerance", "SECONDS", "How far what comes may be from its moment (0.5)."},
      {"keep", nullptr, "Do not end it after the play."},
-     {"quiet", nullptr, "Show only what fails of the play."},
+     {"quiet", nullptr, "Show the summary only if it fails."},
      {"junit", "FILE", "Write the verdict as JUnit XML."},
      {"record", "FILE", "Record all that goes in and comes out."},
      {"name", "NAME", "Name of the application for other commands (that of the program)."},
