@@ -8,7 +8,6 @@
 #include <QEvent>
 #include <QJsonArray>
 #include <QThread>
-#include <QTimer>
 
 #include <algorithm>
 #include <cerrno>
@@ -40,11 +39,12 @@ QStringList readGlobs(const QJsonObject &filter, const char *key)
 {
     QStringList globs;
     const QJsonValue value = filter.value(QLatin1String(key));
-    for (const QJsonValue &glob : value.toArray()) {
+    const QJsonArray array = value.toArray();
+    for (const QJsonValue &glob : array) {
         if (glob.isString())
             globs.append(glob.toString());
     }
-    if (!value.isUndefined() && (!value.isArray() || globs.size() != value.toArray().size()))
+    if (!value.isUndefined() && (!value.isArray() || globs.size() != array.size()))
         refuseValue(filter, key, "an array of texts");
     return globs;
 }
@@ -82,6 +82,8 @@ void Server::open()
         return workSoon();
     m_waiting.emplace(m_file.descriptor(), QSocketNotifier::Read);
     connect(&*m_waiting, &QSocketNotifier::activated, this, [this] { accept(); });
+    m_pause.setSingleShot(true);
+    connect(&m_pause, &QTimer::timeout, this, [this] { m_waiting->setEnabled(true); });
 }
 
 void Server::hear(const Event &event)
@@ -157,7 +159,7 @@ void Server::accept()
     if (errno != EAGAIN) {
         // No descriptor is free. Until one is, the client that waits would wake this at once.
         m_waiting->setEnabled(false);
-        QTimer::singleShot(patience, this, [this] { m_waiting->setEnabled(true); });
+        m_pause.start(patience);
     }
     if (!std::exchange(m_isSink, true))
         m_simulation.addSink(this);

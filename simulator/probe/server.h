@@ -8,6 +8,7 @@
 #include "socketfile.h"
 
 #include <QSocketNotifier>
+#include <QTimer>
 
 #include <memory>
 #include <mutex>
@@ -67,6 +68,7 @@ private:
     QByteArray m_name;
     SocketFile m_file;
     std::optional<QSocketNotifier> m_waiting;
+    QTimer m_pause{this}; ///< moves to another thread with its parent
     std::atomic<bool> m_willWork = false;
     std::atomic<bool> m_isChild = false;
     bool m_isSink = false;

@@ -28,7 +28,7 @@ namespace {
 QByteArray madeFolder()
 {
     const QByteArray runtime = qgetenv("XDG_RUNTIME_DIR");
-    const QByteArray folder =
+    QByteArray folder =
         runtime.isEmpty() ? "/tmp/mcusim-" + QByteArray::number(geteuid()) : runtime + "/mcusim";
     struct stat about {};
     if ((mkdir(folder.constData(), S_IRWXU) != 0 && errno != EEXIST) ||
