@@ -42,7 +42,8 @@ QVector<Row> rows(const QString &sections)
 {
     QVector<Row> found;
     QString section;
-    for (const QString &line : QString::fromUtf8(contentOf(qEnvironmentVariable("TABLES", TABLES))).split('\n')) {
+    for (const QString &line :
+         QString::fromUtf8(contentOf(qEnvironmentVariable("TABLES", TABLES))).split('\n')) {
         if (line.startsWith('['))
             section = line;
         else if (!line.isEmpty() && !line.startsWith('#') && section.contains(sections))
