@@ -186,9 +186,8 @@ void LiveJudge::closeRecorded(const Open &open)
     const auto other = std::find_if(m_received.begin(), m_received.end(),
                                     [&](const Open &came) { return isNear(event, came.event); });
     if (other != m_received.end()) {
-        // The same at another moment may be recorded there, after the end of a recording that is
-        // cut.
-        if (event.sameAs(other->event) && isExcused(event))
+        // The same at a later moment may be recorded there, beyond the end of what is cut.
+        if (event.time < other->event.time && event.sameAs(other->event) && isExcused(event))
             return;
         addFault(event, other->event, 0);
         m_received.erase(other);
