@@ -1,12 +1,12 @@
 #!/usr/bin/env bash
-# Writes the manual page of mcusim from the help of its commands:
+# Writes the manual page of a program from its help and that of its commands:
 #
-#     manual.sh VERSION MCUSIM...
+#     manual.sh NAME SUMMARY VERSION PROGRAM...
 #
-# MCUSIM is the program, with what starts it on another processor before it.
+# PROGRAM is the program, with what starts it on another processor before it.
 set -euo pipefail
-version=$1
-shift
+name=$1 summary=$2 version=$3
+shift 3
 
 # Lines "  name   text" of a list become tagged paragraphs, other indented lines stay as they are.
 format='
@@ -28,10 +28,11 @@ format='
     { print plain($0) }'
 
 help=$("$@" --help)
-printf '.TH MCUSIM 1 "" "mcusim %s"\n.SH NAME\nmcusim \\- simulator of the vehicle MCU\n' "$version"
+printf '.TH %s 1 "" "%s %s"\n.SH NAME\n%s \\- %s\n' "${name^^}" "$name" "$version" "$name" "$summary"
 printf '%s\n' "$help" | awk -v heading=".SH SYNOPSIS" "$format" |
-    sed '/^\.B mcusim COMMAND/a .SH DESCRIPTION'
-printf '.SH COMMANDS\n'
-printf '%s\n' "$help" | sed -n 's/^  \([a-z-]*\)  .*/\1/p' | while read -r command; do
+    sed "/^\.B $name /a .SH DESCRIPTION"
+commands=$(printf '%s\n' "$help" | sed -n '/^Commands:$/,/^$/s/^  \([a-z-]*\)  .*/\1/p')
+[ -z "$commands" ] || echo '.SH COMMANDS'
+for command in $commands; do
     "$@" "$command" --help </dev/null | awk -v heading=".SS $command" "$format"
 done
