@@ -7,17 +7,16 @@
 cmake_minimum_required(VERSION 3.25)
 include(${CMAKE_CURRENT_LIST_DIR}/functions.cmake)
 
-# build(library platform sonames): builds the library with these settings and installs it in
-# WORK/library. All use one build folder, so that the second and the third are only linked.
-function(build library platform sonames)
-    execute_process(COMMAND ${CMAKE_COMMAND} -S ${SOURCE} -B ${WORK}/library -G ${GENERATOR}
-                            -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_BUILD_TYPE=Debug
+# build(library platform): builds the library against the platform and installs it in
+# WORK/library. All use the build folder of page.sh, so that only the first compiles.
+function(build library platform)
+    execute_process(COMMAND ${CMAKE_COMMAND} -S ${SOURCE} -B ${WORK}/page/build -G ${GENERATOR}
+                            -DCMAKE_CXX_COMPILER=${COMPILER} -DCMAKE_BUILD_TYPE=Release
                             -DBUILD_TESTING=OFF -DMCUSERVICE_SIMULATOR=OFF
                             -DMCUSERVICE_PLATFORM_DIR=${platform}
-                            "-DMCUSERVICE_SERVICES_SONAMES=${sonames}"
                     OUTPUT_QUIET COMMAND_ERROR_IS_FATAL ANY)
-    run(${CMAKE_COMMAND} --build ${WORK}/library)
-    run(${CMAKE_COMMAND} --install ${WORK}/library --prefix ${WORK}/${library})
+    run(${CMAKE_COMMAND} --build ${WORK}/page/build)
+    run(${CMAKE_COMMAND} --install ${WORK}/page/build --prefix ${WORK}/${library})
 endfunction()
 
 if(NOT FLAGS)
@@ -28,12 +27,18 @@ if(NOT FLAGS)
         if(at EQUAL -1)
             message(SEND_ERROR "docs/integration.md does not show this:\n${config}")
         endif()
-        build(${services} ${SAMPLE}/${services}/cmake "")
+        build(${services} ${SAMPLE}/${services}/cmake)
         expect(${services} ${SAMPLE}/${services}/lib ${on_sample})
     endforeach()
-    build(swapped "" "libsamplemedia.so.1;libsamplesettings.so.1")
-    expect(swapped ${WORK}/library/platform/substitute ${on_substitute})
-    expect(swapped ${SAMPLE}/split/lib ${on_sample})
+    # Its commands have names without blanks; the probe cannot be loaded from a path with one.
+    if(NOT WORK MATCHES "[ :]")
+        run(bash ${CMAKE_CURRENT_LIST_DIR}/page.sh ${SOURCE} ${WORK} ${SAMPLE}/split ${COMPILER})
+        if(NOT output MATCHES "\n1 fault\n.*\n0 faults\n.*\n27[0-9][0-9][0-9][0-9][0-9]\n$")
+            message(SEND_ERROR "docs/integration.md: other faults, or not 2.7 MB an hour")
+        endif()
+        expect(swapped ${WORK}/page/build/platform/substitute ${on_substitute})
+        expect(swapped ${SAMPLE}/split/lib ${on_sample})
+    endif()
 endif()
 
 run(objdump -p ${LIBRARY})
