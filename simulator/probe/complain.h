@@ -2,6 +2,7 @@
 #pragma once
 
 #include "refusal.h"
+#include "values.h"
 
 #include <cstdio>
 
@@ -9,7 +10,7 @@ namespace mcusim::probe {
 
 inline void complain(const Refusal &refusal)
 {
-    std::fprintf(stderr, "mcuprobe: %s\n", refusal.what());
+    std::fprintf(stderr, "mcuprobe: %s\n", printable(refusal.text()).toUtf8().constData());
 }
 
 } // namespace mcusim::probe

@@ -41,8 +41,8 @@ qint64 readNumber(const char *variable, qint64 usual, qint64 least)
     const qint64 number = text.left(text.size() - (unit > 1 ? 1 : 0)).toInt(&isNumber);
     if (!isNumber || number * unit < least || number * unit > most) {
         throw Refusal(QString(variable) + " expects a number from " + QString::number(least) +
-                      ", perhaps with K or M, got \"" + QString::fromUtf8(text) +
-                      "\"; nothing is recorded");
+                      " to " + QString::number(most) + ", perhaps with K or M, got \"" +
+                      QString::fromUtf8(text) + "\"; nothing is recorded");
     }
     return number * unit;
 }
