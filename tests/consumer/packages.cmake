@@ -14,6 +14,10 @@ run(${CMAKE_CPACK_COMMAND} --config ${BUILD}/CPackConfig.cmake -B ${WORK}/packag
 file(GLOB packages ${WORK}/packages/*.deb)
 foreach(package IN LISTS packages)
     run(dpkg-deb --extract ${package} ${WORK}/own)
+    run(dpkg-deb --field ${package} Depends)
+    if(output MATCHES "widgets" AND NOT package MATCHES "/mcuservice-panel_")
+        message(SEND_ERROR "${package} depends on ${output}")
+    endif()
 endforeach()
 set(root ${WORK}/own/usr)
 
