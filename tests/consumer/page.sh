@@ -27,11 +27,11 @@ mkdir records
 ln -sfn "$work/packages" build/release
 cp "$work/cmake/consumer" app
 sed -n '/^```sh$/,/^```$/{//!p}' "$source/docs/integration.md" | sed "
-    s|-S \. |-S $source -U MCUSERVICE_P* $settings |
-    s|LD_LIBRARY_PATH=|&$image/lib/$architecture:|
-    s|/image/usr|$image|
     s|/usr/|$work/own&|
+    s|/image/usr|$image|
     s|/head-unit|$platform|g
     s|/opt/mcuprobe|$work/own/usr/lib/$architecture/mcusim|
-    s|/data/records|records|g" >commands
+    s|/data/records|records|g
+    s|LD_LIBRARY_PATH=|&$image/lib/$architecture:|
+    s|-S \. |-S $source -U MCUSERVICE_P* $settings |" >commands
 source ./commands
