@@ -22,7 +22,7 @@ mcusim() { command mcusim "$@" || [ "$1" = check-link ]; } # its caller counts t
 
 mkdir -p "$work/page/build"
 cd "$work/page"
-rm -rf records
+rm -rf records "$image" # of the last run
 mkdir records
 ln -sfn "$work/packages" build/release
 cp "$work/cmake/consumer" app
