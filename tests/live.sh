@@ -2,16 +2,19 @@
 
 applications() { command mcusim ps | awk 'NR > 1 { print $2 }'; }
 
+# Ends the row when what was started last has ended.
+expect_running() { grep -q '^State:.[^Z]' "/proc/$!/status" || exit; }
+
 # Starts an application and waits until other commands reach it.
 start() {
     before=$(applications)
     command mcusim run "$@" < /dev/null >> out 2>&1 &
-    until [ "$(applications)" != "$before" ]; do kill -0 $! || exit; done
+    until [ "$(applications)" != "$before" ]; do expect_running; done
 }
 
 # Waits until so many clients are connected to the only application.
 clients() {
-    until [ "$(grep -c "$XDG_RUNTIME_DIR/mcusim/" /proc/net/unix)" -gt "$1" ]; do kill -0 $! || exit; done
+    until [ "$(grep -c "$XDG_RUNTIME_DIR/mcusim/" /proc/net/unix)" -gt "$1" ]; do expect_running; done
 }
 
 # Ends all applications; what watches them ends with them.
