@@ -3,7 +3,6 @@
 #include "scenario.h"
 
 #include <QSocketNotifier>
-#include <QTimer>
 
 namespace mcupanel {
 
@@ -38,7 +37,8 @@ QString RunningApplication::play(const Event &input)
         return title() + " has ended";
     m_client.send(writtenEvent(input));
     // What came while it was sent is read already, so the descriptor does not tell of it.
-    QTimer::singleShot(0, this, [this] { receive(); });
+    QMetaObject::invokeMethod(
+        this, [this] { receive(); }, Qt::QueuedConnection);
     return {};
 }
 
