@@ -29,6 +29,8 @@ void RunningApplication::start()
         receive();
         notifier->setEnabled(!m_hasEnded);
     });
+    m_reading.setSingleShot(true);
+    connect(&m_reading, &QTimer::timeout, this, [this] { receive(); });
 }
 
 QString RunningApplication::play(const Event &input)
@@ -37,8 +39,7 @@ QString RunningApplication::play(const Event &input)
         return title() + " has ended";
     m_client.send(writtenEvent(input));
     // What came while it was sent is read already, so the descriptor does not tell of it.
-    QMetaObject::invokeMethod(
-        this, [this] { receive(); }, Qt::QueuedConnection);
+    m_reading.start();
     return {};
 }
 
