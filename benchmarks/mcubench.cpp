@@ -2,6 +2,9 @@
 //
 //     mcubench            measures times with Google Benchmark and takes its options
 //     mcubench --count    writes one callgrind dump per row, named SERVICE/ROW
+//     mcubench --count-application NAME
+//                         the same for the one service of an application, with its receivers and
+//                         what else listens to it, named NAME/ROW
 //     mcubench --soak N   sends N mixed reports and prints the growth of the resident memory
 #include "counting.h"
 #include "floor.h"
@@ -43,7 +46,7 @@ public Q_SLOTS:
 template <typename Service>
 class Stand {
 public:
-    explicit Stand(int receivers) : m_receivers(std::size_t(receivers))
+    Stand(Service &service, int receivers) : m_service(service), m_receivers(std::size_t(receivers))
     {
         m_service.init();
         for (const Receiver &receiver : m_receivers) {
@@ -59,7 +62,7 @@ public:
     Service &service() { return m_service; }
 
 private:
-    Service m_service;
+    Service &m_service;
     std::vector<Receiver> m_receivers;
 };
 
@@ -170,7 +173,8 @@ struct Time {
     void operator()(const std::string &name, const Row &row) const
     {
         benchmark::RegisterBenchmark(name.c_str(), [row](benchmark::State &state) {
-            Stand<Service> stand(row.receivers);
+            Service service;
+            Stand stand(service, row.receivers);
             for (auto iteration : state) {
                 benchmark::DoNotOptimize(iteration);
                 row(stand.service());
@@ -183,10 +187,19 @@ struct Count {
     template <typename Service>
     void operator()(const std::string &name, const Row &row) const
     {
-        Stand<Service> stand(row.receivers);
+        Service service;
+        Stand stand(service, row.receivers);
         countActs(name, countedActs, [&] { row(stand.service()); });
     }
 };
+
+/// An application with the one service, which a probe that is loaded listens to.
+void countApplication(const std::string &name)
+{
+    Stand stand(*McuService::instance(), 1);
+    for (const Row &row : rows)
+        countActs(name + '/' + row.name, countedActs, [&] { row(stand.service()); });
+}
 
 /// Emits a report with the same value in all fields.
 template <typename... Ints>
@@ -240,7 +253,8 @@ long residentKib()
 
 void soak(long reports)
 {
-    const Stand<McuService> stand(1);
+    McuService service;
+    const Stand stand(service, 1);
     const auto send = [](long count) {
         int value = 0;
         for (long sent = 0; sent < count; sent += reportAll(++value)) {
@@ -267,6 +281,8 @@ int main(int argc, char **argv)
     const QStringList arguments = application.arguments();
     if (arguments.value(1) == QLatin1String("--count")) {
         forEachRow(Count());
+    } else if (arguments.value(1) == QLatin1String("--count-application")) {
+        countApplication(arguments.value(2).toStdString());
     } else if (arguments.value(1) == QLatin1String("--soak")) {
         soak(arguments.value(2).toLong());
     } else {

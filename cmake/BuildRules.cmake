@@ -20,9 +20,11 @@ target_compile_options(mcuservice_rules INTERFACE
     -Woverloaded-virtual -Wcast-align -Wold-style-cast -Werror
     -fmacro-prefix-map=${PROJECT_SOURCE_DIR}/=)
 if(MCUSERVICE_SANITIZE)
+    # All but what is loaded into programs without the sanitizer's library.
+    set(sanitize $<$<NOT:$<BOOL:$<TARGET_PROPERTY:UNSANITIZED>>>:-fsanitize=${MCUSERVICE_SANITIZE}>)
     target_compile_options(mcuservice_rules INTERFACE
-        -fsanitize=${MCUSERVICE_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
-    target_link_options(mcuservice_rules INTERFACE -fsanitize=${MCUSERVICE_SANITIZE})
+        ${sanitize} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_link_options(mcuservice_rules INTERFACE ${sanitize})
     target_compile_definitions(mcuservice_rules INTERFACE QT_FORCE_ASSERTS)
 endif()
 

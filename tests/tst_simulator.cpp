@@ -42,7 +42,7 @@ QVector<Row> rows(const QString &sections)
 {
     QVector<Row> found;
     QString section;
-    for (const QString &line : QString::fromUtf8(contentOf(TABLES)).split('\n')) {
+    for (const QString &line : QString::fromUtf8(contentOf(qEnvironmentVariable("TABLES", TABLES))).split('\n')) {
         if (line.startsWith('['))
             section = line;
         else if (!line.isEmpty() && !line.startsWith('#') && section.contains(sections))
@@ -196,7 +196,9 @@ private Q_SLOTS:
         QProcess process;
         QProcessEnvironment environment = QProcessEnvironment::systemEnvironment();
         const QString scenarios = SIMULATOR "/scenarios/";
-        environment.insert("PATH", MCUSIM_FOLDER ":" + environment.value("PATH"));
+        environment.insert("PATH", PROGRAMS ":" + environment.value("PATH"));
+        environment.insert("XDG_RUNTIME_DIR", m_folder.path());
+        environment.insert("LIVE", TESTS "/live.sh");
         environment.insert("SIM", SIMULATOR);
         environment.insert("DRIVE", scenarios + "cold-start-and-drive.jsonl");
         environment.insert("TRUCK", scenarios + "truck-start.jsonl");

@@ -90,8 +90,12 @@ QStringList LiveJudge::notes() const
         lines.append("Commands of the application itself, not compared: " +
                      QString::number(m_ownCommands));
     }
-    if (!m_excused.isEmpty())
-        lines.append("From before the recording, not compared: " + m_excused.join(", "));
+    QStringList names;
+    for (auto excused = m_excused.begin(); excused != m_excused.end(); ++excused)
+        names.append(excused.key()->name + " (" + QString::number(excused.value()) + ')');
+    names.sort();
+    if (!names.isEmpty())
+        lines.append("From before the recording, not compared: " + names.join(", "));
     return lines;
 }
 
@@ -133,7 +137,8 @@ void LiveJudge::meet(const Event &recorded, const Open &received)
         m_metLine = recorded.line;
         m_metOrder = received.order;
     }
-    m_known.insert(recorded.what);
+    if (!m_known.contains(recorded.what))
+        m_known.insert(recorded.what, std::min(recorded.time, received.event.time));
     addMet(recorded);
 }
 
@@ -206,10 +211,10 @@ void LiveJudge::closeReceived(const Open &open)
 
 bool LiveJudge::isExcused(const Event &event)
 {
-    if (m_fromStart || m_rules.hasApplication || m_known.contains(event.what))
+    if (m_fromStart || m_rules.hasApplication || event.what->record ||
+        event.time > m_known.value(event.what, event.time))
         return false;
-    m_known.insert(event.what);
-    m_excused.append(event.text() + " at " + seconds(event.time));
+    ++m_excused[event.what];
     return true;
 }
 

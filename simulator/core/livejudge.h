@@ -14,8 +14,9 @@ namespace mcusim {
 /// come before or after what is near it. The rate-limited records depend on the phase of a timer:
 /// their last value before each quiet time is compared.
 ///
-/// What was played before the recording began is not known, unless the application's start is
-/// recorded: the first difference of each name is then a note and no fault. Nor are signals of an
+/// What was reported before the recording began is not known, unless the application's start is
+/// recorded. Until a name has come back once, what is missing or besides is then a note and no
+/// fault, except for vehicle records, which no earlier state holds back. Nor is a signal of an
 /// object that the application may not have made yet, as nothing of it is recorded so far.
 class LiveJudge : public Judge {
 public:
@@ -78,10 +79,10 @@ private:
     quint64 m_metOrder = 0;
 
     bool m_fromStart = false;
-    QSet<const QMetaObject *> m_objects; ///< of which something is recorded
-    QSet<const Signature *> m_known;     ///< met or excused
+    QSet<const QMetaObject *> m_objects;     ///< of which something is recorded
+    QMap<const Signature *, qint64> m_known; ///< when what was met came first
+    QMap<const Signature *, int> m_excused;
     qint64 m_ownCommands = 0;
-    QStringList m_excused;
 };
 
 } // namespace mcusim

@@ -4,6 +4,8 @@
 
 namespace substitute {
 
+const std::atomic<bool> SignalTap::always = true;
+
 SignalTap::SignalTap(const QObject *source, const QMetaObject *declaring, Listener listener,
                      const std::atomic<bool> *isHeard)
     : m_source(declaring), m_listener(std::move(listener)), m_isHeard(isHeard)
@@ -16,9 +18,12 @@ SignalTap::SignalTap(const QObject *source, const QMetaObject *declaring, Listen
 
 int SignalTap::qt_metacall(QMetaObject::Call call, int id, void **arguments)
 {
-    if (m_isHeard && !m_isHeard->load(std::memory_order_relaxed) &&
-        call == QMetaObject::InvokeMetaMethod)
-        return -1;
+    return m_isHeard->load(std::memory_order_relaxed) ? tell(call, id, arguments) : -1;
+}
+
+// Apart, so that a silent emission does not prepare for all this.
+int SignalTap::tell(QMetaObject::Call call, int id, void **arguments)
+{
     id = QObject::qt_metacall(call, id, arguments);
     if (id < 0 || call != QMetaObject::InvokeMetaMethod)
         return id;

@@ -20,7 +20,7 @@ public:
     using Listener = std::function<void(const QMetaMethod &signal, const QVariantList &arguments)>;
 
     SignalTap(const QObject *source, Listener listener)
-        : SignalTap(source, source->metaObject(), std::move(listener), nullptr)
+        : SignalTap(source, source->metaObject(), std::move(listener), &always)
     {
     }
     SignalTap(const QObject *source, const QMetaObject *declaring, Listener listener,
@@ -29,6 +29,10 @@ public:
     int qt_metacall(QMetaObject::Call call, int id, void **arguments) override;
 
 private:
+    static const std::atomic<bool> always;
+
+    Q_NEVER_INLINE int tell(QMetaObject::Call call, int id, void **arguments);
+
     const QMetaObject *m_source;
     Listener m_listener;
     const std::atomic<bool> *m_isHeard;

@@ -21,9 +21,9 @@ void showHelp(const CommandLine::Usage &usage)
                    usage.description + "\n\nOptions:\n";
     for (const CommandLine::Option &option : usage.options) {
         const QString name = QString("--") + option.name + ' ' + (option.value ? option.value : "");
-        text += "  " + name.leftJustified(18) + ' ' + option.help + '\n';
+        text += "  " + name.leftJustified(19) + ' ' + option.help + '\n';
     }
-    text += "  -h, --help         Show this help.\n";
+    text += "  -h, --help          Show this help.\n";
     std::fputs(text.toUtf8().constData(), stdout);
 }
 

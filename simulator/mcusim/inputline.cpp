@@ -7,6 +7,8 @@
 #include <QJsonArray>
 #include <QJsonDocument>
 
+#include <optional>
+
 namespace mcusim {
 
 namespace {
@@ -27,32 +29,20 @@ const KindInfo *inputKind(const QString &key)
     return kind == std::end(kinds) ? nullptr : kind;
 }
 
-/// The inputs of a name, all of one kind.
-QVector<const Signature *> inputsOf(const Catalogue &names, const QString &name,
-                                    const KindInfo *only)
+/// The name in words, and the inputs that it means: of any kind, or of that before it.
+QString nameIn(const QStringList &words) { return words.value(inputKind(words.value(0)) ? 1 : 0); }
+
+QVector<const Signature *> inputsOf(const Catalogue &names, const QStringList &words)
 {
-    QVector<const Signature *> exact;
-    QVector<const Signature *> alike; // without the class
+    const KindInfo *only = inputKind(words.value(0));
+    const QString name = nameIn(words);
+    QVector<const Signature *> found;
     for (const Signature &signature : names.all()) {
         const KindInfo &kind = info(signature.kind);
-        if (!kind.isInput || (only && only != &kind))
-            continue;
-        if (signature.name == name)
-            exact.append(&signature);
-        else if (signature.shortName() == name)
-            alike.append(&signature);
+        if (kind.isInput && (!only || only == &kind) &&
+            (signature.name == name || signature.shortName() == name))
+            found.append(&signature);
     }
-    const QVector<const Signature *> found = exact.isEmpty() ? alike : exact;
-    if (found.isEmpty())
-        throw Refusal("unknown input " + excerpt(name) + names.suggestion(name, Kind::Report));
-    QStringList meant;
-    for (const Signature *signature : found) {
-        const QString full = info(signature->kind).key + (' ' + signature->name);
-        if (!meant.contains(full))
-            meant.append(full);
-    }
-    if (meant.size() > 1)
-        throw Refusal(excerpt(name) + " may be " + meant.join(" or "));
     return found;
 }
 
@@ -86,33 +76,38 @@ QStringList wordsOf(const QString &line)
 
 bool isInput(const Catalogue &names, const QStringList &words)
 {
-    const QString name = words.value(inputKind(words.value(0)) ? 1 : 0);
-    const auto &all = names.all();
-    return std::any_of(all.begin(), all.end(), [&name](const auto &signature) {
-        return info(signature.kind).isInput &&
-               (signature.name == name || signature.shortName() == name);
-    });
+    return !inputsOf(names, words).isEmpty();
 }
 
 Event readInput(const Catalogue &names, const QStringList &words)
 {
-    const KindInfo *kind = inputKind(words.value(0));
-    const QString name = words.value(kind ? 1 : 0);
-    const QStringList given = words.mid(kind ? 2 : 1);
+    const QString name = nameIn(words);
+    const QVector<const Signature *> found = inputsOf(names, words);
+    if (found.isEmpty())
+        throw Refusal("unknown input " + excerpt(name) + names.suggestion(name, Kind::Report));
+    const QStringList given = words.mid(words.indexOf(name) + 1);
+    std::optional<Event> event; // the first that fits, of overloads
+    QStringList fitting;
+    QStringList others;
     QJsonArray values;
-    const QVector<const Signature *> found = inputsOf(names, name, kind);
     for (const Signature *signature : found) {
         values = {};
-        Event event{0, signature, {}, 0};
+        Event read{0, signature, {}, 0};
         for (int i = 0; i < given.size(); ++i) {
             const Parameter parameter = signature->parameters.value(i);
             values.append(readValue(given[i], parameter));
-            event.values.append(fitted(values.last(), parameter));
+            read.values.append(fitted(values.last(), parameter));
         }
-        if (signature->takes(event.values))
-            return event;
+        const bool fits = signature->takes(read.values);
+        if (fits && !event)
+            event = read;
+        (fits ? fitting : others).append(info(signature->kind).key + (' ' + signature->name));
     }
-    return names.read(found.first()->kind, found.first()->name, values); // says what is wrong
+    QStringList &meant = event ? fitting : others;
+    meant.removeDuplicates();
+    if (meant.size() > 1)
+        throw Refusal(excerpt(name) + " may be " + meant.join(" or "));
+    return event ? *event : names.read(found.first()->kind, found.first()->name, values);
 }
 
 QByteArray lineToSend(const Catalogue &names, const QStringList &words)

@@ -96,10 +96,9 @@ LiveProcess findProcess(const QString &name)
                   listed(all));
 }
 
-LiveClient::LiveClient(const Catalogue &names, const LiveProcess &process)
+LiveClient::LiveClient(const Catalogue &names, const LiveProcess &process, int patience)
     : m_names(names), m_process(process)
 {
-    constexpr int patience = 5000;
     QElapsedTimer since;
     since.start();
     connectTo(process.path);

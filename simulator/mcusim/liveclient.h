@@ -31,8 +31,9 @@ LiveProcess findProcess(const QString &name);
 /// Waits in poll() only, so it works beside an event loop and without one.
 class LiveClient {
 public:
-    /// Throws a Refusal when the application does not answer, or speaks another protocol.
-    LiveClient(const Catalogue &names, const LiveProcess &process);
+    /// Waits for the event loop of the application, so many milliseconds at most. Throws a Refusal
+    /// when it does not answer, or has another protocol.
+    LiveClient(const Catalogue &names, const LiveProcess &process, int patience = 5000);
     ~LiveClient();
     LiveClient(const LiveClient &) = delete;
     LiveClient &operator=(const LiveClient &) = delete;

@@ -110,8 +110,8 @@ int monitorCommand(const QStringList &arguments)
     line.exclude({"wide", "json", "table"});
     SubstitutePlatform platform;
     const Catalogue names(platform);
-    LiveClient client(names, findProcess(line.operands().value(0)));
     noteInterrupts();
+    LiveClient client(names, findProcess(line.operands().value(0)));
     client.limitTo(line.values("only"), line.values("except"));
     client.onMissed = [&client](qint64 count) {
         complain(client.process().text() + ": " + counted(count, "event") + " missed");

@@ -51,6 +51,8 @@ private:
             refuse();
         std::setvbuf(m_file, nullptr, _IOLBF, 0);
         m_recorder.emplace(m_file, m_metadata);
+        if (std::ferror(m_file) != 0)
+            refuse();
     }
 
     void finish()
@@ -105,9 +107,9 @@ int recordCommand(const QStringList &arguments)
     const int kept = line.count("keep", 0);
     SubstitutePlatform platform;
     const Catalogue names(platform);
+    noteInterrupts();
     LiveClient client(
         names, findProcess(line.operands().size() > 1 ? line.operands().first() : QString()));
-    noteInterrupts();
     Recording recording(line.operands().last(), "recorded in " + client.process().text(), largest,
                         kept);
     client.addSink(&recording);

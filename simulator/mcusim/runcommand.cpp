@@ -169,15 +169,21 @@ int runAndPlay(const CommandLine &line, char *const *arguments)
     JUnitFile junit(line.value("junit"));
     Program program(arguments);
     std::optional<LiveProcess> application = findApplication(program.pid());
-    for (; !application && program.goesOn(); application = findApplication(program.pid()))
+    constexpr int patience = 10'000;
+    for (int waited = 0; !application && program.goesOn(); waited += Program::interval) {
+        if (waited == patience)
+            complain("still waiting for " + line.operands().first() + " to start the link");
         poll(nullptr, 0, Program::interval);
+        application = findApplication(program.pid());
+    }
     if (!application && !wasInterrupted())
         complain(line.operands().first() + " ended before it started the link");
     if (!application)
         return std::max<int>(program.status(), Failed);
 
     program.setApplication(application->pid);
-    LiveClient client(names, *application);
+    constexpr int slowStart = 60'000;
+    LiveClient client(names, *application, slowStart);
     play.run(client);
     const bool isEnded = program.goesOn() && !wasInterrupted() && !line.isSet("keep");
     if (isEnded)
@@ -203,7 +209,7 @@ const CommandLine::Usage usage{
      {"speed", "X", "Play at X times real time (1)."},
      {"tolerance", "SECONDS", "How far what comes may be from its moment (0.5)."},
      {"keep", nullptr, "Do not end it after the play."},
-     {"quiet", nullptr, "Show only what fails of the play."},
+     {"quiet", nullptr, "Show the summary only if it fails."},
      {"junit", "FILE", "Write the verdict as JUnit XML."},
      {"record", "FILE", "Record all that goes in and comes out."},
      {"name", "NAME", "Name of the application for other commands (that of the program)."},

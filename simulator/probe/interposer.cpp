@@ -9,6 +9,7 @@
 #include "mcusrv.h"
 #include "mcuvechiclebridge.h"
 
+#include <climits>
 #include <cstdio>
 
 #include <dlfcn.h>
@@ -37,8 +38,16 @@ void *find(const char *symbol)
 void load()
 {
     const bool isSubstitute = find("_ZN10substitute8platform3logEv") != nullptr;
-    void *library =
-        dlopen(isSubstitute ? "libmcuprobe-substitute.so" : "libmcuprobe-own.so", RTLD_NOW);
+    // Beside this library, wherever the process has gone since that was loaded.
+    Dl_info about{};
+    void *self = nullptr;
+    char folder[PATH_MAX] = "";
+    char path[PATH_MAX + 64];
+    dladdr1(reinterpret_cast<const void *>(&load), &about, &self, RTLD_DL_LINKMAP);
+    dlinfo(self, RTLD_DI_ORIGIN, folder);
+    std::snprintf(path, sizeof path, "%s/libmcuprobe-%s.so", folder,
+                  isSubstitute ? "substitute" : "own");
+    void *library = dlopen(path, RTLD_NOW);
     void *give = library ? dlsym(library, handoverName) : nullptr;
     if (give)
         loaded = reinterpret_cast<const Handover *(*)()>(give)();

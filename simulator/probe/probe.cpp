@@ -8,8 +8,8 @@
 
 #include "mcusrv.h"
 
+#include <QAbstractEventDispatcher>
 #include <QCoreApplication>
-#include <QThread>
 
 #include <cerrno>
 #include <cstdlib>
@@ -80,7 +80,9 @@ private:
 
 void Probe::wake(mcu::McuSrv *link)
 {
-    if (m_isAwake.exchange(true))
+    // On virtual time it is a simulator itself, which has no real moments and serves no sockets.
+    const QObject *time = QAbstractEventDispatcher::instance();
+    if ((time && time->inherits("substitute::VirtualClock")) || m_isAwake.exchange(true))
         return;
     m_time = {};
     m_simulation.attach(link);
@@ -110,12 +112,8 @@ void Probe::serve()
         return;
     try {
         auto server = std::make_unique<Server>(m_simulation, m_name);
-        QThread *thread = QCoreApplication::instance()->thread();
-        server->moveToThread(thread);
-        if (thread == QThread::currentThread())
-            server->open();
-        else
-            QMetaObject::invokeMethod(server.get(), &Server::open);
+        server->moveToThread(QCoreApplication::instance()->thread());
+        server->open();
         m_server = server.release();
         qAddPostRoutine([] { instance().stopServing(); });
     } catch (const Refusal &refusal) {

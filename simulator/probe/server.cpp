@@ -7,6 +7,7 @@
 #include <QCoreApplication>
 #include <QEvent>
 #include <QJsonArray>
+#include <QThread>
 #include <QTimer>
 
 #include <algorithm>
@@ -77,6 +78,8 @@ Server::~Server()
 
 void Server::open()
 {
+    if (QThread::currentThread() != thread())
+        return workSoon();
     m_waiting.emplace(m_file.descriptor(), QSocketNotifier::Read);
     connect(&*m_waiting, &QSocketNotifier::activated, this, [this] { accept(); });
 }
@@ -95,7 +98,7 @@ void Server::hear(const Event &event)
             client->isGone = true;
     }
     if (!line.isEmpty())
-        flushSoon();
+        workSoon();
 }
 
 void Server::abandon()
@@ -120,7 +123,9 @@ bool Server::event(QEvent *event)
 {
     if (event->type() != QEvent::User)
         return QObject::event(event);
-    m_willFlush = false;
+    m_willWork = false;
+    if (!m_waiting)
+        open();
     if (!m_isChild)
         flush();
     return true;
@@ -143,7 +148,7 @@ void Server::accept()
                 const std::lock_guard lock(m_mutex);
                 writable->backlog.unblock();
             }
-            flushSoon();
+            workSoon();
         });
         client->backlog.addAnswer(greeting(m_name));
         const std::lock_guard lock(m_mutex);
@@ -156,7 +161,7 @@ void Server::accept()
     }
     if (!std::exchange(m_isSink, true))
         m_simulation.addSink(this);
-    flushSoon();
+    workSoon();
 }
 
 /// What a client wants may keep the application busy in an event loop of its own. Further lines are
@@ -188,7 +193,7 @@ void Server::read(const ClientPointer &client)
         if (!answer.isEmpty())
             client->backlog.addAnswer(answer);
     }
-    flushSoon();
+    workSoon();
 }
 
 /// Does a line and returns the answer.
@@ -224,9 +229,9 @@ void Server::setFilter(Client &client, const QJsonObject &line)
     client.filter = filter;
 }
 
-void Server::flushSoon()
+void Server::workSoon()
 {
-    if (!m_willFlush.exchange(true))
+    if (!m_willWork.exchange(true))
         QCoreApplication::postEvent(this, new QEvent(QEvent::User));
 }
 

@@ -24,7 +24,7 @@ public:
     Server(Simulation &simulation, const QByteArray &name);
     ~Server() override;
 
-    /// Begins to accept clients. Called in the thread of the application object.
+    /// Begins to accept clients, at once in its own thread, else as soon as that can.
     void open();
     void hear(const Event &event) override;
 
@@ -60,14 +60,14 @@ private:
     void read(const ClientPointer &client);
     QByteArray take(Client &client, const QByteArray &line);
     void setFilter(Client &client, const QJsonObject &line);
-    void flushSoon();
+    void workSoon();
     void flush();
 
     Simulation &m_simulation;
     QByteArray m_name;
     SocketFile m_file;
     std::optional<QSocketNotifier> m_waiting;
-    std::atomic<bool> m_willFlush = false;
+    std::atomic<bool> m_willWork = false;
     std::atomic<bool> m_isChild = false;
     bool m_isSink = false;
 
