@@ -37,7 +37,9 @@ void *find(const char *symbol)
 
 void load()
 {
-    const bool isSubstitute = find("_ZN10substitute8platform3logEv") != nullptr;
+    // Both halves of it: an integrator may have a link already and nothing else.
+    const bool isSubstitute =
+        find("_ZN10substitute4link3logEv") && find("_ZN10substitute8platform3logEv");
     // Beside this library, wherever the process has gone since that was loaded.
     Dl_info about{};
     void *self = nullptr;
