@@ -67,6 +67,8 @@ void setEnvironment(const CommandLine &line)
         extend("LD_LIBRARY_PATH", platformFolder(), {});
     if (line.isSet("name"))
         qputenv("MCUPROBE_NAME", line.value("name").toLatin1());
+    if (line.isSet("play"))
+        qputenv("MCUPROBE_SOCKET", "needed");
     if (line.isSet("record"))
         qputenv("MCUPROBE_RECORD",
                 QFile::encodeName(QDir::current().absoluteFilePath(line.value("record"))));

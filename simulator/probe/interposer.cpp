@@ -51,10 +51,12 @@ void load()
                   isSubstitute ? "substitute" : "own");
     void *library = dlopen(path, RTLD_NOW);
     void *give = library ? dlsym(library, handoverName) : nullptr;
-    if (give)
+    if (give) {
         loaded = reinterpret_cast<const Handover *(*)()>(give)();
-    else
+    } else {
         std::fprintf(stderr, "mcuprobe: %s\n", dlerror());
+        endIfNeeded();
+    }
 }
 
 } // namespace

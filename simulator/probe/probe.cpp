@@ -105,7 +105,7 @@ void Probe::wake(mcu::McuSrv *link)
     pthread_atfork([] { instance().prepareFork(); }, [] { instance().goOnAsParent(); },
                    [] { instance().goOnAsChild(); });
     const QByteArray socket = qgetenv("MCUPROBE_SOCKET");
-    if (isInField ? socket == "1" : socket != "0")
+    if (socket.isEmpty() ? !isInField : socket != "0")
         qAddPreRoutine([] { instance().serve(); }); // at once when the application object is there
 }
 
@@ -121,6 +121,7 @@ void Probe::serve()
         qAddPostRoutine([] { instance().stopServing(); });
     } catch (const Refusal &refusal) {
         complain(refusal);
+        endIfNeeded();
     }
 }
 
