@@ -62,6 +62,7 @@ private:
 
     void serve();
     void stopServing();
+    void endRecordings();
     void end();
     void prepareFork();
     void goOnAsParent();
@@ -114,7 +115,7 @@ void Probe::serve()
     if (m_isOver || m_server)
         return;
     try {
-        auto server = std::make_unique<Server>(m_simulation, m_name);
+        auto server = std::make_unique<Server>(m_simulation, m_name, [this] { endRecordings(); });
         server->moveToThread(QCoreApplication::instance()->thread());
         server->open();
         m_server = server.release();
@@ -132,15 +133,20 @@ void Probe::stopServing()
         delete m_server.exchange(nullptr);
 }
 
+void Probe::endRecordings()
+{
+    for (LiveRecorder &recorder : m_recorders) {
+        m_simulation.removeSink(&recorder);
+        recorder.finish(m_time.now());
+    }
+}
+
 /// The process ends, perhaps with an application object and threads that are at work.
 void Probe::end()
 {
     if (m_isOver.exchange(true))
         return;
-    for (LiveRecorder &recorder : m_recorders) {
-        m_simulation.removeSink(&recorder);
-        recorder.finish(m_time.now());
-    }
+    endRecordings();
     m_simulation.silence();
     if (Server *server = m_server)
         server->abandon();

@@ -65,8 +65,9 @@ Server::Client::~Client()
     close(socket);
 }
 
-Server::Server(Simulation &simulation, const QByteArray &name)
-    : m_simulation(simulation), m_name(name), m_file(name)
+Server::Server(Simulation &simulation, const QByteArray &name, std::function<void()> endRecordings)
+    : m_simulation(simulation), m_name(name), m_endRecordings(std::move(endRecordings)),
+      m_file(name)
 {
 }
 
@@ -206,6 +207,8 @@ QByteArray Server::take(Client &client, const QByteArray &line)
         QJsonObject object = readObject(line);
         if (object.contains(QLatin1String("filter"))) {
             setFilter(client, object);
+        } else if (object == QJsonObject{{"end", true}}) {
+            m_endRecordings();
         } else {
             object.insert(QLatin1String("timestamp"), 0); // whatever it says: now
             const QString why = m_simulation.play(readEvent(m_simulation.names(), object));
