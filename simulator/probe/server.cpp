@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QFile>
 #include <QJsonArray>
 #include <QThread>
 
@@ -23,9 +24,10 @@ namespace {
 
 constexpr int protocol = 1;
 
-QByteArray greeting(const QByteArray &name)
+QByteArray greeting()
 {
-    return R"({"metadata":{"version":1,"program":")" + name + R"(","pid":)" +
+    const QString program = QFile::decodeName(program_invocation_short_name);
+    return R"({"metadata":{"version":1,"program":)" + writtenValue({program}) + R"(,"pid":)" +
            QByteArray::number(getpid()) + R"(,"link":")" + linkName + R"(","library":")" +
            MCUSIM_VERSION + R"(","protocol":)" + QByteArray::number(protocol) + "}}\n";
 }
@@ -66,8 +68,7 @@ Server::Client::~Client()
 }
 
 Server::Server(Simulation &simulation, const QByteArray &name, std::function<void()> endRecordings)
-    : m_simulation(simulation), m_name(name), m_endRecordings(std::move(endRecordings)),
-      m_file(name)
+    : m_simulation(simulation), m_endRecordings(std::move(endRecordings)), m_file(name)
 {
 }
 
@@ -153,7 +154,7 @@ void Server::accept()
             }
             workSoon();
         });
-        client->backlog.addAnswer(greeting(m_name));
+        client->backlog.addAnswer(greeting());
         const std::lock_guard lock(m_mutex);
         m_clients.push_back(client);
     }

@@ -67,7 +67,6 @@ private:
     void flush();
 
     Simulation &m_simulation;
-    QByteArray m_name;
     std::function<void()> m_endRecordings;
     SocketFile m_file;
     std::optional<QSocketNotifier> m_waiting;
