@@ -6,8 +6,8 @@
 //     fork           makes a child that reports a speed and ends, and waits for it
 //     exec           goes on in the same process as a new program
 //     report         reports a speed from another thread
-//     flood N        reports N speeds, ten in each millisecond, and prints how many KiB of memory it
-//                    takes after the first quarter
+//     flood N        reports N speeds, ten in each millisecond; prints the growth of its memory
+//                    after the first quarter in KiB
 //     loop           runs the event loop until the MCU sends the unit to sleep
 #include "mcumanager.h"
 #include "mcuservice.h"

@@ -214,6 +214,7 @@ private Q_SLOTS:
             {{"--dark", "--light"}, "--dark and --light exclude each other; see mcupanel --help"},
             {{"--screenshot", "panel.png", "--play", drive}, "expects --at"},
             {{"--screenshot", "panel.png", "--play", "/nowhere", "--at", "1"}, "/nowhere"},
+            {{"--screenshot", "panel.png", "--play", "-", "--at", "1"}, "a regular file"},
             {{"--screenshot", "/nowhere/panel.png"}, "cannot write /nowhere/panel.png"},
             {{"no-such-application"}, "no application"},
         };

@@ -4,6 +4,7 @@
 #include <mcuservice.h>
 
 #include <QCoreApplication>
+#include <QLoggingCategory>
 #include <QMap>
 #include <QSocketNotifier>
 
@@ -99,6 +100,7 @@ private:
 int main(int argc, char **argv)
 {
     const QCoreApplication application(argc, argv);
+    QLoggingCategory::setFilterRules("default.debug=false"); // no log lines of the library
     const Dashboard dashboard;
     return QCoreApplication::exec();
 }

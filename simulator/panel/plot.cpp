@@ -39,7 +39,7 @@ struct Course {
     std::deque<Step> steps;
 };
 
-class FieldPlot : public Plot {
+class FieldPlot final : public Plot {
 public:
     FieldPlot(const mcusim::Catalogue &names, const CarState &state);
 

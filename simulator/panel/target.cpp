@@ -3,7 +3,6 @@
 #include "scenario.h"
 
 #include <QSocketNotifier>
-#include <QTimer>
 
 namespace mcupanel {
 
@@ -30,6 +29,8 @@ void RunningApplication::start()
         receive();
         notifier->setEnabled(!m_hasEnded);
     });
+    m_reading.setSingleShot(true);
+    connect(&m_reading, &QTimer::timeout, this, [this] { receive(); });
 }
 
 QString RunningApplication::play(const Event &input)
@@ -38,7 +39,7 @@ QString RunningApplication::play(const Event &input)
         return title() + " has ended";
     m_client.send(writtenEvent(input));
     // What came while it was sent is read already, so the descriptor does not tell of it.
-    QTimer::singleShot(0, this, [this] { receive(); });
+    m_reading.start();
     return {};
 }
 

@@ -6,6 +6,7 @@
 #include "substituteplatform.h"
 
 #include <QObject>
+#include <QTimer>
 
 namespace mcupanel {
 
@@ -67,6 +68,7 @@ private:
     void receive();
 
     mcusim::LiveClient m_client;
+    QTimer m_reading;
     bool m_hasEnded = false;
 };
 

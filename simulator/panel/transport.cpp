@@ -67,11 +67,12 @@ QAction *Transport::add(const char *name, const QString &text, const QKeySequenc
 
 void Transport::open(const QString &path)
 {
-    // Read once to its end, so that a fault in it is shown before anything is played.
+    // A pipe would stop the window until its next line comes.
+    if (path == "-" || (QFileInfo::exists(path) && !QFileInfo(path).isFile()))
+        throw Refusal(path + ": expected a regular file");
     auto file = std::make_unique<ScenarioFile>(m_target.names(), path);
-    if (file->isRegular()) {
-        while (file->next()) {
-        }
+    // Read once to its end, so that a fault in it is shown before anything is played.
+    while (file->next()) {
     }
     m_path = path;
     m_player.reset();
@@ -82,8 +83,7 @@ void Transport::open(const QString &path)
 
 void Transport::rewind()
 {
-    if (m_file->isRegular())
-        m_file->rewind();
+    m_file->rewind();
     m_player = std::make_unique<Player>([this] { return m_file->next(); },
                                         [this](const Event &input) { return m_target.play(input); },
                                         m_target.clock());

@@ -17,6 +17,7 @@ View::View(const CarState &state, const char *name, QSize canvas) : m_state(stat
 {
     setObjectName(name);
     setAccessibleName(name);
+    setAutoFillBackground(true); // so that nothing below it is painted
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     constexpr double smallest = 0.8;
     setMinimumSize(canvas * smallest);

@@ -27,7 +27,9 @@ QByteArray buildIdentity(const dl_phdr_info &loaded)
          segment != loaded.dlpi_phdr + loaded.dlpi_phnum; ++segment) {
         if (segment->p_type != PT_NOTE)
             continue;
-        const auto *notes = reinterpret_cast<const char *>(loaded.dlpi_addr + segment->p_vaddr);
+        const ElfW(Addr) address = loaded.dlpi_addr + segment->p_vaddr;
+        const char *notes = nullptr;
+        std::memcpy(&notes, &address, sizeof notes);
         const std::size_t unit = std::max<std::size_t>(segment->p_align, 4);
         const auto padded = [unit](std::size_t size) { return (size + unit - 1) / unit * unit; };
         ElfW(Nhdr) note{};

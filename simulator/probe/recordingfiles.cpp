@@ -106,6 +106,7 @@ Recordings::Target Ring::open() const
             remove(files.take(files.firstKey()));
     } catch (const Refusal &) {
         close(file);
+        unlink(QFile::encodeName(path(number)).constData());
         throw;
     }
     return target(path(number), file, m_program);
