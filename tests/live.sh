@@ -17,9 +17,9 @@ clients() {
     until [ "$(grep -c "$XDG_RUNTIME_DIR/mcusim/" /proc/net/unix)" -gt "$1" ]; do expect_running; done
 }
 
-# Ends all applications; what watches them ends with them.
+# Ends all applications that have not ended meanwhile; what watches them ends with them.
 stop() {
-    for application in $(applications); do kill "$application"; done
+    for application in $(applications); do kill "$application" 2> /dev/null; done
     wait
 }
 trap 's=$?; stop; exit $s' EXIT # whatever fails

@@ -9,6 +9,7 @@
 #include "values.h"
 
 #include <QDir>
+#include <QElapsedTimer>
 #include <QFile>
 #include <QFileInfo>
 #include <QRegularExpression>
@@ -67,6 +68,8 @@ void setEnvironment(const CommandLine &line)
         extend("LD_LIBRARY_PATH", platformFolder(), {});
     if (line.isSet("name"))
         qputenv("MCUPROBE_NAME", line.value("name").toLatin1());
+    if (line.isSet("play"))
+        qputenv("MCUPROBE_SOCKET", "needed");
     if (line.isSet("record"))
         qputenv("MCUPROBE_RECORD",
                 QFile::encodeName(QDir::current().absoluteFilePath(line.value("record"))));
@@ -159,6 +162,24 @@ std::optional<LiveProcess> findApplication(int pid)
     return std::nullopt;
 }
 
+/// Gives the recording that the application makes of itself its end, before a signal ends both.
+void endRecording(const Catalogue &names, const LiveProcess &application)
+{
+    constexpr int patience = 5000;
+    try {
+        LiveClient client(names, application, patience);
+        QElapsedTimer since;
+        since.start();
+        bool isDone = false;
+        client.onAnswer = [&isDone](int, const QString &) { isDone = true; };
+        client.send(R"({"end":true})");
+        while (!isDone && since.elapsed() < patience && client.receive(Program::interval)) {
+        }
+    } catch (const Refusal &) {
+        // It ends already, or does nothing any more.
+    }
+}
+
 /// Starts the program and plays into it; returns the exit status.
 int runAndPlay(const CommandLine &line, char *const *arguments)
 {
@@ -186,9 +207,12 @@ int runAndPlay(const CommandLine &line, char *const *arguments)
     LiveClient client(names, *application, slowStart);
     play.run(client);
     const bool isEnded = program.goesOn() && !wasInterrupted() && !line.isSet("keep");
+    if (isEnded && line.isSet("record"))
+        endRecording(names, *application);
     if (isEnded)
         program.end();
     program.wait();
+    liveProcesses(Leftovers::Remove); // the signal has left its socket
     if (wasInterrupted())
         return program.status();
 

@@ -4,6 +4,10 @@
 #pragma once
 
 #include <atomic>
+#include <cstdlib>
+#include <cstring>
+
+#include <unistd.h>
 
 class QObject;
 
@@ -28,5 +32,15 @@ struct Handover {
 /// The function by which the second library gives it, and its name.
 extern "C" const Handover *mcuprobe();
 constexpr char handoverName[] = "mcuprobe";
+
+/// After a complaint that there will be no socket: without one, a program that was started to be
+/// driven would run in vain and never be ended.
+inline void endIfNeeded()
+{
+    constexpr int unusable = 2;
+    const char *socket = std::getenv("MCUPROBE_SOCKET");
+    if (socket && std::strcmp(socket, "needed") == 0)
+        _exit(unusable);
+}
 
 } // namespace mcusim::probe

@@ -37,7 +37,9 @@ void *find(const char *symbol)
 
 void load()
 {
-    const bool isSubstitute = find("_ZN10substitute8platform3logEv") != nullptr;
+    // Both halves of it: an integrator may have a link already and nothing else.
+    const bool isSubstitute =
+        find("_ZN10substitute4link3logEv") && find("_ZN10substitute8platform3logEv");
     // Beside this library, wherever the process has gone since that was loaded.
     Dl_info about{};
     void *self = nullptr;
@@ -49,10 +51,12 @@ void load()
                   isSubstitute ? "substitute" : "own");
     void *library = dlopen(path, RTLD_NOW);
     void *give = library ? dlsym(library, handoverName) : nullptr;
-    if (give)
+    if (give) {
         loaded = reinterpret_cast<const Handover *(*)()>(give)();
-    else
+    } else {
         std::fprintf(stderr, "mcuprobe: %s\n", dlerror());
+        endIfNeeded();
+    }
 }
 
 } // namespace

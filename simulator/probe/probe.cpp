@@ -62,6 +62,7 @@ private:
 
     void serve();
     void stopServing();
+    void endRecordings();
     void end();
     void prepareFork();
     void goOnAsParent();
@@ -105,7 +106,7 @@ void Probe::wake(mcu::McuSrv *link)
     pthread_atfork([] { instance().prepareFork(); }, [] { instance().goOnAsParent(); },
                    [] { instance().goOnAsChild(); });
     const QByteArray socket = qgetenv("MCUPROBE_SOCKET");
-    if (isInField ? socket == "1" : socket != "0")
+    if (socket.isEmpty() ? !isInField : socket != "0")
         qAddPreRoutine([] { instance().serve(); }); // at once when the application object is there
 }
 
@@ -114,13 +115,14 @@ void Probe::serve()
     if (m_isOver || m_server)
         return;
     try {
-        auto server = std::make_unique<Server>(m_simulation, m_name);
+        auto server = std::make_unique<Server>(m_simulation, m_name, [this] { endRecordings(); });
         server->moveToThread(QCoreApplication::instance()->thread());
         server->open();
         m_server = server.release();
         qAddPostRoutine([] { instance().stopServing(); });
     } catch (const Refusal &refusal) {
         complain(refusal);
+        endIfNeeded();
     }
 }
 
@@ -131,15 +133,20 @@ void Probe::stopServing()
         delete m_server.exchange(nullptr);
 }
 
+void Probe::endRecordings()
+{
+    for (LiveRecorder &recorder : m_recorders) {
+        m_simulation.removeSink(&recorder);
+        recorder.finish(m_time.now());
+    }
+}
+
 /// The process ends, perhaps with an application object and threads that are at work.
 void Probe::end()
 {
     if (m_isOver.exchange(true))
         return;
-    for (LiveRecorder &recorder : m_recorders) {
-        m_simulation.removeSink(&recorder);
-        recorder.finish(m_time.now());
-    }
+    endRecordings();
     m_simulation.silence();
     if (Server *server = m_server)
         server->abandon();

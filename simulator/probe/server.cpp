@@ -6,6 +6,7 @@
 
 #include <QCoreApplication>
 #include <QEvent>
+#include <QFile>
 #include <QJsonArray>
 #include <QThread>
 
@@ -23,9 +24,10 @@ namespace {
 
 constexpr int protocol = 1;
 
-QByteArray greeting(const QByteArray &name)
+QByteArray greeting()
 {
-    return R"({"metadata":{"version":1,"program":")" + name + R"(","pid":)" +
+    const QString program = QFile::decodeName(program_invocation_short_name);
+    return R"({"metadata":{"version":1,"program":)" + writtenValue({program}) + R"(,"pid":)" +
            QByteArray::number(getpid()) + R"(,"link":")" + linkName + R"(","library":")" +
            MCUSIM_VERSION + R"(","protocol":)" + QByteArray::number(protocol) + "}}\n";
 }
@@ -65,8 +67,8 @@ Server::Client::~Client()
     close(socket);
 }
 
-Server::Server(Simulation &simulation, const QByteArray &name)
-    : m_simulation(simulation), m_name(name), m_file(name)
+Server::Server(Simulation &simulation, const QByteArray &name, std::function<void()> endRecordings)
+    : m_simulation(simulation), m_endRecordings(std::move(endRecordings)), m_file(name)
 {
 }
 
@@ -152,7 +154,7 @@ void Server::accept()
             }
             workSoon();
         });
-        client->backlog.addAnswer(greeting(m_name));
+        client->backlog.addAnswer(greeting());
         const std::lock_guard lock(m_mutex);
         m_clients.push_back(client);
     }
@@ -206,6 +208,8 @@ QByteArray Server::take(Client &client, const QByteArray &line)
         QJsonObject object = readObject(line);
         if (object.contains(QLatin1String("filter"))) {
             setFilter(client, object);
+        } else if (object == QJsonObject{{"end", true}}) {
+            m_endRecordings();
         } else {
             object.insert(QLatin1String("timestamp"), 0); // whatever it says: now
             const QString why = m_simulation.play(readEvent(m_simulation.names(), object));

@@ -10,6 +10,7 @@
 #include <QSocketNotifier>
 #include <QTimer>
 
+#include <functional>
 #include <memory>
 #include <mutex>
 #include <optional>
@@ -21,8 +22,9 @@ namespace mcusim::probe {
 /// others.
 class Server : public QObject, public Sink {
 public:
-    /// Throws a Refusal when there can be no socket.
-    Server(Simulation &simulation, const QByteArray &name);
+    /// Throws a Refusal when there can be no socket. Calls `endRecordings` for a client that ends
+    /// them.
+    Server(Simulation &simulation, const QByteArray &name, std::function<void()> endRecordings);
     ~Server() override;
 
     /// Begins to accept clients, at once in its own thread, else as soon as that can.
@@ -65,7 +67,7 @@ private:
     void flush();
 
     Simulation &m_simulation;
-    QByteArray m_name;
+    std::function<void()> m_endRecordings;
     SocketFile m_file;
     std::optional<QSocketNotifier> m_waiting;
     QTimer m_pause{this}; ///< moves to another thread with its parent
