@@ -5,16 +5,21 @@ applications() { command mcusim ps | awk 'NR > 1 { print $2 }'; }
 # Ends the row when what was started last has ended.
 expect_running() { grep -q '^State:.[^Z]' "/proc/$!/status" || exit; }
 
-# Starts an application and waits until other commands reach it.
+# The ends of connections that the applications hold; a socket that listens has the flag 00010000.
+connections() { grep "$XDG_RUNTIME_DIR/mcusim/" /proc/net/unix | grep -vc ' 00010000 '; }
+
+# Starts an application and waits until other commands reach it, and until it has let go of those
+# that asked for it here: clients() must not count them.
 start() {
     before=$(applications)
     command mcusim run "$@" < /dev/null >> out 2>&1 &
     until [ "$(applications)" != "$before" ]; do expect_running; done
+    until [ "$(connections)" -eq 0 ]; do expect_running; done
 }
 
-# Waits until so many clients are connected to the only application.
+# Waits until so many clients are connected to the applications.
 clients() {
-    until [ "$(grep -c "$XDG_RUNTIME_DIR/mcusim/" /proc/net/unix)" -gt "$1" ]; do expect_running; done
+    until [ "$(connections)" -ge "$1" ]; do expect_running; done
 }
 
 # Ends all applications that have not ended meanwhile; what watches them ends with them.
