@@ -78,9 +78,11 @@ struct ElfLibrary::Tables {
         }
     }
 
-    QByteArray text(const Section &section, std::size_t offset)
+    QByteArray text(const Section &section, GElf_Xword offset)
     {
-        const char *found = elf_strptr(elf.get(), section.header.sh_link, offset);
+        const bool isInside = offset < quint64(library.m_image.size());
+        const char *found =
+            isInside ? elf_strptr(elf.get(), section.header.sh_link, std::size_t(offset)) : nullptr;
         if (!found)
             refuse("damaged: a name is not in the file");
         return found;
