@@ -8,110 +8,143 @@
 
 #include "mcusrv.h"
 
-#include <QHash>
-#include <QMetaMethod>
-#include <QStringBuilder>
+#include <QObject>
+
+#include <array>
+#include <cstring>
+#include <string_view>
 
 namespace mcu {
 
 namespace {
 
-/// A connection from a signal of the link to a method of the facade with the same arguments: a
-/// signal (a relay) or a slot. No target is overloaded.
+/// The characters that SIGNAL() and SLOT() put before a method.
+enum Kind : char { Relay = '0' + QSIGNAL_CODE, Slot = '0' + QSLOT_CODE };
+
+/// A connection from a signal of the link to a signal (a relay) or slot of the facade with the same
+/// arguments.
 struct Wire {
-    const char *linkSignal;
-    const char *target;
+    std::string_view linkSignal;
+    Kind kind;
+    std::string_view target;
+    std::string_view arguments;
 };
+
+/// The arguments of a method with up to thirty numbers.
+constexpr std::string_view ints(std::size_t count)
+{
+    constexpr std::string_view thirty = "int,int,int,int,int,int,int,int,int,int,"
+                                        "int,int,int,int,int,int,int,int,int,int,"
+                                        "int,int,int,int,int,int,int,int,int,int,";
+    return thirty.substr(0, 4 * count - 1);
+}
 
 constexpr Wire wiring[]{
-    {"shallowSleepSgl", "shallowSleep"},
-    {"mcuVersionSgl", "onMcuVersion"},
-    {"mcuNeedRenewSgl", "mcuNeedRenew"},
-    {"factoryResetSgl", "reset"},
-    {"ampOverloadStuChangedSgl", "ampOverloadStuChanged"},
-    {"selTrackNumSgl", "selTrackNum"},
-    {"eqTypeChangedSgl", "eqTypeChanged"},
-    {"sourceChangedSgl", "sourceChanged"},
-    {"systemSnidChanged", "onSystemSnidChanged"},
-    {"wheelStudyStateSgl", "wheelStudyState"},
-    {"wheelStudyKeysSgl", "wheelStudyKeys"},
-    {"requestActionSgl", "requestAction"},
-    {"sysBootStateSgl", "sysBootState"},
-    {"radioStatusChangedSgl", "radioStatusChanged"},
-    {"radioCurrChInfoChangedSgl", "radioCurrChInfoChanged"},
-    {"radioScanChInfoChangedSgl", "radioScanChInfoChanged"},
-    {"datetimeInfoSgl", "onDatetimeSync"},
-    {"taillineStateSgl", "onTaillineState"},
-    {"requestAppVerSgl", "onRequestAppVer"},
-    {"setupInfo1StateSgl", "onSetupInfo1State"},
-    {"setupInfoStateSgl", "onSetupInfoState"},
-    {"usbPowerStatusSgl", "onUsbPowerStatus"},
-    {"keyEventSgl", "onKeyEvent"},
-    {"syncDestCodeSgl", "onSetDest"},
-    {"reportAcChangedSgl", "onReportAcChanged"},
-    {"reportAVMChangedSgl", "onReportAVMChanged"},
-    {"reportVehicleSpeedChangedSgl", "onReportVehicleSpeedChanged"},
-    {"reportSteeringAngleChangedSgl", "onReportSteeringAngleChanged"},
-    {"reportFeatureCodeChangedSgl", "onReportFeatureCodeChanged"},
-    {"reportFeatureVelroCodeChangedSgl", "onReportFeatureVelroCodeChanged"},
-    {"reportHuChangedSgl", "onReportHuChanged"},
-    {"reportAmbChangedSgl", "onReportAmbChanged"},
-    {"reportPdcChangedSgl", "onReportPdcChanged"},
-    {"reportTpmsChangedSgl", "onReportTpmsChanged"},
-    {"reportVehicleBodyChangedSgl", "onReportVehicleBodyChanged"},
-    {"reportMeterSettingChangedSgl", "onReportMeterSettingChanged"},
-    {"reportVehicleFaultChangedSgl", "onReportVehicleFaultChanged"},
-    {"ampStatusChangedSgl", "onAmpStatusChanged"},
-    {"avmCalibrationCmdChangedSgl", "onAvmCalibrationCmdChanged"},
-    {"setAmpEditionSgl", "onSetAmpEdition"},
-    {"setEcuEditionSgl", "onsetEcuEdition"},
-    {"reportTruckTpmsLearnChangedSgl", "onReportTruckTpmsLearnChanged"},
-    {"reportTruckDmsChangedSgl", "onReportTruckDmsChanged"},
-    {"reportTruckRsr1ChangedSgl", "onReportTruckRsr1Changed"},
-    {"reportTruckSecurityChangedSgl", "onReportTruckSecurityChanged"},
-    {"reportTruckVehicleHealthChangedSgl", "onReportTruckVehicleHealthChanged"},
-    {"reportTruckRpasChangedSgl", "onReportTruckRpasChanged"},
-    {"reportTruckTpmsThresholdChangedSgl", "onReportTruckTpmsThresholdChanged"},
-    {"reportTruckTpmsCtiChangedSgl", "onReportTruckTpmsCtiChanged"},
-    {"reportDtcFlagChangedSgl", "onReportDtcFlagChanged"},
-    {"reportTruckTpmsTemperatureChangedSgl", "onReportTruckTpmsTemperatureChanged"},
-    {"reportTruckTpmsPressureChangedSgl", "onReportTruckTpmsPressureChanged"},
-    {"reportTruckVehicleAlertsChangedSgl", "onReportTruckVehicleAlertsChanged"},
-    {"reportTruckPerformanceParametersChangedSgl", "onReportTruckPerformanceParametersChanged"},
+    {"shallowSleepSgl", Relay, "shallowSleep", ""},
+    {"mcuVersionSgl", Slot, "onMcuVersion", "QString,QString"},
+    {"mcuNeedRenewSgl", Relay, "mcuNeedRenew", ""},
+    {"factoryResetSgl", Relay, "reset", ""},
+    {"ampOverloadStuChangedSgl", Relay, "ampOverloadStuChanged", ints(1)},
+    {"selTrackNumSgl", Relay, "selTrackNum", ints(1)},
+    {"eqTypeChangedSgl", Relay, "eqTypeChanged", ints(1)},
+    {"sourceChangedSgl", Relay, "sourceChanged", ints(1)},
+    {"systemSnidChanged", Slot, "onSystemSnidChanged", "QString"},
+    {"wheelStudyStateSgl", Relay, "wheelStudyState", ints(2)},
+    {"wheelStudyKeysSgl", Relay, "wheelStudyKeys", "QString"},
+    {"requestActionSgl", Relay, "requestAction", ints(1)},
+    {"sysBootStateSgl", Relay, "sysBootState", ints(1)},
+    {"radioStatusChangedSgl", Relay, "radioStatusChanged", ints(1)},
+    {"radioCurrChInfoChangedSgl", Relay, "radioCurrChInfoChanged", ints(3)},
+    {"radioScanChInfoChangedSgl", Relay, "radioScanChInfoChanged", ints(3)},
+    {"datetimeInfoSgl", Slot, "onDatetimeSync", ints(6)},
+    {"taillineStateSgl", Slot, "onTaillineState", ints(5)},
+    {"requestAppVerSgl", Slot, "onRequestAppVer", ints(1)},
+    {"setupInfo1StateSgl", Slot, "onSetupInfo1State", ints(24)},
+    {"setupInfoStateSgl", Slot, "onSetupInfoState", ints(30)},
+    {"usbPowerStatusSgl", Slot, "onUsbPowerStatus", ints(1)},
+    {"keyEventSgl", Slot, "onKeyEvent", ints(2)},
+    {"syncDestCodeSgl", Slot, "onSetDest", ints(2)},
+    {"reportAcChangedSgl", Slot, "onReportAcChanged", ints(15)},
+    {"reportAVMChangedSgl", Slot, "onReportAVMChanged", ints(6)},
+    {"reportVehicleSpeedChangedSgl", Slot, "onReportVehicleSpeedChanged", ints(4)},
+    {"reportSteeringAngleChangedSgl", Slot, "onReportSteeringAngleChanged", ints(4)},
+    {"reportFeatureCodeChangedSgl", Slot, "onReportFeatureCodeChanged", ints(5)},
+    {"reportFeatureVelroCodeChangedSgl", Slot, "onReportFeatureVelroCodeChanged", "QByteArray"},
+    {"reportHuChangedSgl", Slot, "onReportHuChanged", ints(12)},
+    {"reportAmbChangedSgl", Slot, "onReportAmbChanged", ints(6)},
+    {"reportPdcChangedSgl", Slot, "onReportPdcChanged", ints(11)},
+    {"reportTpmsChangedSgl", Slot, "onReportTpmsChanged", ints(18)},
+    {"reportVehicleBodyChangedSgl", Slot, "onReportVehicleBodyChanged", ints(8)},
+    {"reportMeterSettingChangedSgl", Slot, "onReportMeterSettingChanged", ints(8)},
+    {"reportVehicleFaultChangedSgl", Slot, "onReportVehicleFaultChanged", ints(8)},
+    {"ampStatusChangedSgl", Slot, "onAmpStatusChanged", ints(9)},
+    {"avmCalibrationCmdChangedSgl", Slot, "onAvmCalibrationCmdChanged", ints(4)},
+    {"setAmpEditionSgl", Slot, "onSetAmpEdition", "QString,QString"},
+    {"setEcuEditionSgl", Slot, "onsetEcuEdition", "QString,QString"},
+    {"reportTruckTpmsLearnChangedSgl", Slot, "onReportTruckTpmsLearnChanged", ints(11)},
+    {"reportTruckDmsChangedSgl", Slot, "onReportTruckDmsChanged", ints(7)},
+    {"reportTruckRsr1ChangedSgl", Slot, "onReportTruckRsr1Changed", ints(11)},
+    {"reportTruckSecurityChangedSgl", Slot, "onReportTruckSecurityChanged", ints(15)},
+    {"reportTruckVehicleHealthChangedSgl", Slot, "onReportTruckVehicleHealthChanged", ints(13)},
+    {"reportTruckRpasChangedSgl", Slot, "onReportTruckRpasChanged", ints(11)},
+    {"reportTruckTpmsThresholdChangedSgl", Slot, "onReportTruckTpmsThresholdChanged", ints(17)},
+    {"reportTruckTpmsCtiChangedSgl", Slot, "onReportTruckTpmsCtiChanged", ints(17)},
+    {"reportDtcFlagChangedSgl", Slot, "onReportDtcFlagChanged", ints(4)},
+    {"reportTruckTpmsTemperatureChangedSgl", Slot, "onReportTruckTpmsTemperatureChanged", ints(17)},
+    {"reportTruckTpmsPressureChangedSgl", Slot, "onReportTruckTpmsPressureChanged", ints(17)},
+    {"reportTruckVehicleAlertsChangedSgl", Slot, "onReportTruckVehicleAlertsChanged", ints(7)},
+    {"reportTruckPerformanceParametersChangedSgl", Slot,
+     "onReportTruckPerformanceParametersChanged", ints(14)},
     // Kept: the link declares this one signal without "Sgl".
-    {"reportTruckVehicleParametersChanged", "onReportTruckVehicleParametersChanged"},
-    {"audioVolumeSgl", "onAudioVolume"},
-    {"volumeTurnSgl", "onVolumeTurn"},
-    {"tunerWorkStatusSgl", "onDabWorkStatus"},
-    {"autoTestPkgChanged", "onAutoTestPkgChanged"},
-    {"autoTestStatusChanged", "onAutoTestStatusChanged"},
-    {"serialNumberChanged", "onSerialNumberChanged"},
-    {"stwAdcStatusChanged", "onStwAdcStatusChanged"},
-    {"stwAdcValue", "onStwAdcValueChanged"},
-    {"stwCarTypeChanged", "onStwCarTypeChanged"},
-    {"gpsAntennaChanged", "onGpsAntennaChanged"},
-    {"dabAntennaChanged", "onDabAntennaChanged"},
+    {"reportTruckVehicleParametersChanged", Slot, "onReportTruckVehicleParametersChanged",
+     ints(12)},
+    {"audioVolumeSgl", Slot, "onAudioVolume", ints(3)},
+    {"volumeTurnSgl", Slot, "onVolumeTurn", ints(1)},
+    {"tunerWorkStatusSgl", Slot, "onDabWorkStatus", ints(1)},
+    {"autoTestPkgChanged", Slot, "onAutoTestPkgChanged", "QByteArray"},
+    {"autoTestStatusChanged", Slot, "onAutoTestStatusChanged", ints(1)},
+    {"serialNumberChanged", Slot, "onSerialNumberChanged", "QString"},
+    {"stwAdcStatusChanged", Slot, "onStwAdcStatusChanged", ""},
+    {"stwAdcValue", Slot, "onStwAdcValueChanged", ints(1)},
+    {"stwCarTypeChanged", Slot, "onStwCarTypeChanged", ints(1)},
+    {"gpsAntennaChanged", Slot, "onGpsAntennaChanged", ints(1)},
+    {"dabAntennaChanged", Slot, "onDabAntennaChanged", ints(1)},
 };
 
-// The characters that SIGNAL() and SLOT() put before a method.
-constexpr char signalCode = '0' + QSIGNAL_CODE;
-constexpr char slotCode = '0' + QSLOT_CODE;
-
-/// The parameter types of a method, "(int,int)". QMetaMethod::methodSignature() has them too, but
-/// would add an eighth to the cost of init().
-QByteArray argumentList(const QMetaMethod &method)
+/// Calls write(char) for the text of each connection's signal and target, one after the other: as
+/// SIGNAL() and SLOT() write them, with a zero at the end.
+template <typename Write>
+constexpr void writeWiring(Write write)
 {
-    QByteArray list;
-    list.reserve(128);
-    list += '(';
-    for (int i = 0; i < method.parameterCount(); ++i) {
-        if (i > 0)
-            list += ',';
-        list += QMetaType::typeName(method.parameterType(i));
+    const auto writeMethod = [&](char kind, std::string_view name, std::string_view arguments) {
+        write(kind);
+        for (const char character : name)
+            write(character);
+        write('(');
+        for (const char character : arguments)
+            write(character);
+        write(')');
+        write('\0');
+    };
+    for (const Wire &wire : wiring) {
+        writeMethod(Relay, wire.linkSignal, wire.arguments);
+        writeMethod(wire.kind, wire.target, wire.arguments);
     }
-    list += ')';
-    return list;
 }
+
+/// The texts of all connections. The compiler writes them, because a start should cost no more than
+/// the connections do.
+constexpr auto wiringTexts = [] {
+    constexpr std::size_t size = [] {
+        std::size_t count = 0;
+        writeWiring([&](char) { ++count; });
+        return count;
+    }();
+    std::array<char, size> texts{};
+    std::size_t written = 0;
+    writeWiring([&](char character) { texts[written++] = character; });
+    return texts;
+}();
 
 } // namespace
 
@@ -154,19 +187,12 @@ bool McuService::connectService()
 
 void McuService::serviceConnectedSignals()
 {
-    QHash<QByteArray, QMetaMethod> methods;
-    for (int i = staticMetaObject.methodOffset(); i < staticMetaObject.methodCount(); ++i) {
-        const QMetaMethod method = staticMetaObject.method(i);
-        methods.insert(method.name(), method);
-    }
-
-    for (const Wire &wire : wiring) {
-        const QMetaMethod target = methods.value(wire.target);
-        const bool relay = target.methodType() == QMetaMethod::Signal;
-        const QByteArray arguments = argumentList(target);
-        const QByteArray signal = signalCode % (wire.linkSignal % arguments);
-        const QByteArray member = (relay ? signalCode : slotCode) % (wire.target % arguments);
-        connect(m_link, signal, this, member);
+    const char *text = wiringTexts.data();
+    while (text != wiringTexts.data() + wiringTexts.size()) {
+        const char *signal = text;
+        const char *target = signal + std::strlen(signal) + 1;
+        text = target + std::strlen(target) + 1;
+        connect(m_link, signal, this, target);
     }
 }
 

@@ -1,0 +1,8 @@
+// The start of an application with nothing but the application object.
+#include <QCoreApplication>
+
+int main(int argc, char **argv)
+{
+    const QCoreApplication application(argc, argv);
+    return 0;
+}
