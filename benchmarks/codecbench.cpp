@@ -22,7 +22,7 @@ public:
 
     bool take(QByteArray &packet)
     {
-        return m_buffer.searchSyncId() >= 0 && m_buffer.checkPackageIsEntire(packet) &&
+        return m_buffer.searchSyncId() && m_buffer.checkPackageIsEntire(packet) &&
                mcu::wire::verifiPackageCheckSum(packet.constData(), packet.size());
     }
 
