@@ -48,7 +48,7 @@ void AutoTestHandler::stop()
 {
     MCU_DEBUG << "stop!!!";
     m_data->inAutotestMode = 0;
-    m_data->recvBuffer = {};
+    m_data->recvBuffer.clear();
     disconnect(m_data->service, SIGNAL(autoTestPkgChanged(QByteArray)), this,
                SLOT(onAutoTestPkgChanged(QByteArray)));
 }
@@ -86,7 +86,7 @@ void AutoTestHandler::onAutoTestPkgChanged(QByteArray data)
         MCU_DEBUG << "recv data 0.";
         return;
     }
-    if (buffer.searchSyncId() < 0) {
+    if (!buffer.searchSyncId()) {
         MCU_DEBUG << "not found sync id.";
         return;
     }

@@ -4,23 +4,29 @@
 #include "debug.h"
 
 #include <algorithm>
+#include <cstring>
 #include <iterator>
 
 namespace mcu::wire {
 
 namespace {
 
-constexpr char sync[]{'\xff', '\x55'};
-/// Number of bytes that the length byte does not count: sync, length and checksum.
-constexpr int uncounted = 4;
-
-/// The value that makes the 8-bit sum of the bytes and itself 0.
-quint8 checksumOf(const char *from, const char *end)
+/// The sum of the bytes in 8 bits.
+quint8 sumOf(const char *from, const char *end)
 {
-    unsigned sum = 0;
+    quint8 sum = 0;
     for (; from < end; ++from)
-        sum += quint8(*from);
-    return quint8(0u - sum);
+        sum = quint8(sum + quint8(*from));
+    return sum;
+}
+
+/// Logs both values and returns false. A function of its own, so that its caller needs no stack
+/// frame while the checksum is right.
+Q_NEVER_INLINE bool mismatch(const CallSite &caller, quint8 received, quint8 computed)
+{
+    if (isCriticalLogged())
+        criticalLine(caller) << received << computed;
+    return false;
 }
 
 } // namespace
@@ -33,7 +39,7 @@ QByteArray build(quint8 type, quint8 did, const QByteArray &payload)
     QByteArray packet(length + uncounted, Qt::Uninitialized);
     char *end = std::copy(std::begin(header), std::end(header), packet.begin());
     end = std::copy(content.cbegin(), content.cend(), end);
-    *end = char(checksumOf(packet.cbegin() + lengthOffset, end));
+    *end = char(-sumOf(packet.cbegin() + lengthOffset, end));
     return packet;
 }
 
@@ -49,60 +55,41 @@ int wrappedPayloadByte(const QByteArray &packet, int number)
 
 bool verifiPackageCheckSum(const char *data, int len)
 {
-    const char *last = data + std::max(len - 1, 0);
-    const quint8 received = len > 0 ? quint8(*last) : 0;
-    const quint8 computed = checksumOf(data + std::clamp(len, 0, lengthOffset), last);
-    if (len > 0 && received == computed)
-        return true;
-    MCU_CRITICAL << received << computed;
-    return false;
+    static constexpr CallSite here = CALL_SITE;
+    if (len <= 0)
+        return mismatch(here, 0, 0);
+    const char *const end = data + len;
+    const quint8 sum = sumOf(data + std::min(len - 1, lengthOffset), end);
+    const quint8 received = quint8(end[-1]);
+    return sum == 0 || mismatch(here, received, quint8(received - sum));
 }
 
-void ReceiveBuffer::append(const QByteArray &chunk)
+void ReceiveBuffer::clear()
 {
-    // Consumed bytes are removed only when they are more than the waiting ones.
-    if (m_begin > m_bytes.size() / 2) {
-        m_bytes.erase(m_bytes.begin(), std::next(m_bytes.begin(), qptrdiff(m_begin)));
-        m_searched -= m_begin;
-        m_begin = 0;
-    }
-    m_bytes.insert(m_bytes.end(), chunk.begin(), chunk.end());
+    m_block = std::vector<char>();
+    m_begin = m_end = m_limit = nullptr;
 }
 
-qint64 ReceiveBuffer::searchSyncId()
+void ReceiveBuffer::makeRoom(std::size_t more)
 {
-    const auto from = std::next(m_bytes.cbegin(), qptrdiff(m_searched));
-    const auto pair = std::search(from, m_bytes.cend(), std::begin(sync), std::end(sync));
-    if (pair == m_bytes.cend()) {
-        if (!isEmpty())
-            m_searched = m_bytes.size() - 1; // the last byte may be the first half of a pair
-        return -1;
-    }
-    const std::size_t garbage = std::size_t(pair - m_bytes.cbegin()) - m_begin;
-    m_begin += garbage;
-    m_searched = m_begin;
-    return qint64(garbage);
+    constexpr std::size_t spare = 1024;
+    const auto waiting = std::size_t(size());
+    const auto consumed = std::size_t(m_begin - m_block.data());
+    if (waiting + more >= m_block.size() / 2)
+        m_block.insert(m_block.end(), waiting + more + spare, '\0');
+    char *const front = m_block.data();
+    std::memmove(front, front + consumed, waiting);
+    m_begin = front;
+    m_end = front + waiting;
+    m_limit = front + m_block.size();
 }
 
-bool ReceiveBuffer::checkPackageIsEntire(QByteArray &packet)
+void ReceiveBuffer::logMissing(const CallSite &caller) const
 {
-    if (size() <= 3) {
-        MCU_DEBUG << size();
-        return false;
-    }
-    const char *front = m_bytes.data() + m_begin;
-    const quint8 length = quint8(front[lengthOffset]);
-    // Kept: in 8 bits, as the station counts, so length bytes from 0xfc on give 0 to 3.
-    const quint8 total = quint8(length + uncounted);
-    if (total > size()) {
-        MCU_DEBUG << size() << total << length;
-        return false;
-    }
-    packet.resize(total); // reuses its memory
-    std::copy_n(front, total, packet.begin());
-    m_begin += total;
-    m_searched = m_begin;
-    return true;
+    QDebug line = debugLine(caller);
+    line << size();
+    if (size() > 3)
+        line << packetSize() << quint8(m_begin[lengthOffset]);
 }
 
 } // namespace mcu::wire

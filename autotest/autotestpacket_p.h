@@ -6,8 +6,11 @@
 //                 payload + 2                            sum of the bytes from the length on is 0
 #pragma once
 
+#include "debug.h"
+
 #include <QByteArray>
 
+#include <cstring>
 #include <vector>
 
 namespace mcu::wire {
@@ -21,7 +24,10 @@ enum Type : quint8 {
     WriteResponse = 0x6e,
 };
 
+constexpr char sync[]{'\xff', '\x55'};
 constexpr int lengthOffset = 2;
+/// Number of bytes that the length byte does not count: sync, length and checksum.
+constexpr int uncounted = 4;
 constexpr int typeOffset = 3;
 constexpr int didOffset = 4;
 constexpr int payloadOffset = 5;
@@ -48,25 +54,64 @@ bool verifiPackageCheckSum(const char *data, int len);
 
 /// The received bytes that are not yet consumed. Each byte is searched once and moved once on
 /// average, so the cost per byte does not depend on the number of waiting bytes or on the size of
-/// the chunks.
+/// the chunks. What each chunk needs is inline.
 class ReceiveBuffer {
 public:
-    void append(const QByteArray &chunk);
-    bool isEmpty() const { return size() == 0; }
-    qint64 size() const { return qint64(m_bytes.size() - m_begin); }
+    ReceiveBuffer() = default;
+    /// Not copyable: the pointers are into the block.
+    Q_DISABLE_COPY(ReceiveBuffer)
 
-    /// Drops the bytes before the first 0xFF 0x55 and returns their number. Without the pair
-    /// returns -1 and keeps all bytes, because the pair may be split.
-    qint64 searchSyncId();
+    void clear();
+    void append(const QByteArray &chunk)
+    {
+        const int more = chunk.size();
+        if (more >= m_limit - m_end)
+            makeRoom(std::size_t(more));
+        std::memcpy(m_end, chunk.constData(), std::size_t(more));
+        m_end += more;
+    }
+    bool isEmpty() const { return size() == 0; }
+    qint64 size() const { return m_end - m_begin; }
+
+    /// Drops the bytes before the first 0xFF 0x55 and returns true. Without the pair drops all but
+    /// the last byte, which may be the first half of a pair, and returns false.
+    bool searchSyncId()
+    {
+        const char *at = m_begin;
+        while (m_end - at > 1 && std::memcmp(at, sync, sizeof sync) != 0)
+            ++at;
+        m_begin = at;
+        return m_end - at > 1;
+    }
     /// Moves the packet at the front, with the length that its length byte gives, to `packet`. If
     /// bytes are missing, logs this, changes nothing and returns false. For length bytes from 0xFC
     /// on, `packet` gets 0 to 3 bytes, which are never a valid packet.
-    bool checkPackageIsEntire(QByteArray &packet);
+    bool checkPackageIsEntire(QByteArray &packet)
+    {
+        if (size() <= 3 || packetSize() > size()) {
+            if (isDebugLogged())
+                logMissing(CALL_SITE);
+            return false;
+        }
+        const quint8 total = packetSize();
+        packet.resize(total); // reuses its memory
+        std::memcpy(packet.data(), m_begin, total);
+        m_begin += total;
+        return true;
+    }
 
 private:
-    std::vector<char> m_bytes;
-    std::size_t m_begin = 0;    ///< the bytes before it are consumed
-    std::size_t m_searched = 0; ///< no pair begins between m_begin and it
+    /// The size of the packet at the front, from its length byte. Kept: in 8 bits, as the station
+    /// counts, so length bytes from 0xFC on give 0 to 3.
+    quint8 packetSize() const { return quint8(quint8(m_begin[lengthOffset]) + uncounted); }
+    void logMissing(const CallSite &caller) const;
+    /// Moves the waiting bytes to the front of the block, and enlarges it if they fill half of it.
+    void makeRoom(std::size_t more);
+
+    std::vector<char> m_block;
+    const char *m_begin = nullptr; ///< the waiting bytes
+    char *m_end = nullptr;
+    char *m_limit = nullptr; ///< end of the block
 };
 
 } // namespace mcu::wire

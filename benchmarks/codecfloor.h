@@ -1,5 +1,6 @@
 // The floor for received factory packets: the minimum of work, written by hand, that the codec is
-// compared with. One block of bytes, the offset of the consumed ones, and memchr for the sync.
+// compared with. One block of bytes with pointers to the waiting ones, one comparison per byte in
+// the search for the sync, and the checksum summed in 8 bits.
 #pragma once
 
 #include <QByteArray>
@@ -11,53 +12,50 @@ class CodecFloor {
 public:
     void append(const QByteArray &chunk)
     {
-        const auto more = std::size_t(chunk.size());
-        if (m_end + more > m_bytes.size()) {
-            const std::size_t waiting = m_end - m_begin;
-            if (waiting + more > m_bytes.size() / 2)
-                m_bytes.resize(2 * (waiting + more));
-            std::memmove(m_bytes.data(), m_bytes.data() + m_begin, waiting);
-            m_searched -= m_begin;
-            m_begin = 0;
-            m_end = waiting;
-        }
-        std::memcpy(m_bytes.data() + m_end, chunk.constData(), more);
+        const int more = chunk.size();
+        if (m_limit - m_end < more)
+            makeRoom(std::size_t(more));
+        std::memcpy(m_end, chunk.constData(), std::size_t(more));
         m_end += more;
     }
 
     /// Copies the next packet to `packet` if it is complete. Returns whether its checksum is right.
     bool take(QByteArray &packet)
     {
-        const char *const end = m_bytes.data() + m_end;
-        const char *at = m_bytes.data() + m_searched;
-        for (;; ++at) {
-            at = static_cast<const char *>(std::memchr(at, 0xff, std::size_t(end - at)));
-            if (!at || at + 1 == end) {
-                m_searched = m_end - (at ? 1 : 0);
-                return false;
-            }
-            if (at[1] == 0x55)
-                break;
-        }
-        m_begin = m_searched = std::size_t(at - m_bytes.data());
-        if (m_end - m_begin < 4)
+        const char *at = m_begin;
+        while (m_end - at > 3 && std::memcmp(at, "\xff\x55", 2) != 0)
+            ++at;
+        m_begin = at;
+        if (m_end - at < 4)
             return false;
-        const int total = quint8(at[2]) + 4;
-        if (std::size_t(total) > m_end - m_begin)
+        const quint8 total = quint8(at[2] + 4);
+        if (total > m_end - at)
             return false;
         packet.resize(total);
-        std::memcpy(packet.data(), at, std::size_t(total));
-        m_begin += std::size_t(total);
-        m_searched = m_begin;
-        unsigned sum = 0;
+        std::memcpy(packet.data(), at, total);
+        m_begin = at + total;
+        quint8 sum = 0;
         for (int i = 2; i < total; ++i)
-            sum += quint8(packet.constData()[i]);
-        return quint8(sum) == 0;
+            sum = quint8(sum + quint8(at[i]));
+        return sum == 0;
     }
 
 private:
-    std::vector<char> m_bytes;
-    std::size_t m_begin = 0;
-    std::size_t m_end = 0;
-    std::size_t m_searched = 0;
+    void makeRoom(std::size_t more)
+    {
+        const auto waiting = std::size_t(m_end - m_begin);
+        const auto consumed = std::size_t(m_begin - m_block.data());
+        if (waiting + more > m_block.size() / 2)
+            m_block.resize(m_block.size() + waiting + more);
+        char *const front = m_block.data();
+        std::memmove(front, front + consumed, waiting);
+        m_begin = front;
+        m_end = front + waiting;
+        m_limit = front + m_block.size();
+    }
+
+    std::vector<char> m_block = std::vector<char>(1024);
+    const char *m_begin = m_block.data(); ///< the waiting bytes
+    char *m_end = m_block.data();
+    char *m_limit = m_end + m_block.size();
 };

@@ -35,6 +35,8 @@ private Q_SLOTS:
     void convertsEveryByte()
     {
         QCOMPARE(characterSet.size(), 256);
+        QByteArray bytes;
+        QString text;
         for (int byte = 0; byte < 256; ++byte) {
             const char data = char(byte);
             const bool dropped = characterSet[byte] == '.' && byte != '.';
@@ -42,6 +44,9 @@ private Q_SLOTS:
                      dropped ? QString() : QString(characterSet[byte]));
             QCOMPARE(radioStringConnver::table_dab_charset0[byte],
                      dropped ? ushort(0) : characterSet[byte].unicode());
+            bytes += data;
+            text += dropped ? QString() : QString(characterSet[byte]);
+            QCOMPARE(radioStringConnver::convertFromEBU(bytes.constData(), bytes.size()), text);
         }
     }
 
