@@ -16,7 +16,6 @@
 #include <QTimer>
 
 #include <condition_variable>
-#include <csignal>
 #include <cstdio>
 #include <thread>
 
@@ -62,7 +61,7 @@ private:
         if (m_seen < m_lines || m_isSentAway)
             return;
         m_isSentAway = true;
-        ::kill(pid_t(processId()), m_visits % 2 == 0 ? SIGTERM : SIGKILL);
+        m_visits % 2 == 0 ? terminate() : kill();
     }
     void leave()
     {
@@ -157,7 +156,7 @@ bool runLive(Traffic &traffic, Vitals &vitals, int seconds, int rounds, const QS
 {
     const QTemporaryDir folder;
     const QString fifo = folder.filePath("rx"), process = QString::number(getpid());
-    setRendererNode(QFile::encodeName(fifo));
+    replaceRenderer(QFile::encodeName(fifo));
     const auto status = [](qint64 number) { return QVariantList{int(number % 29)}; };
     Hand hand(traffic.add(mcusim::Kind::Command, "updateAudioStatus",
                           {"audio statuses", "audio status", status}),
@@ -201,7 +200,6 @@ bool runLive(Traffic &traffic, Vitals &vitals, int seconds, int rounds, const QS
         runUntil([&] { return traffic.isComplete() || time.hasExpired(longest); });
         vitals.sample();
     }
-    removeRenderer();
 
     const auto print = [](const char *name, int count, bool isGood) {
         std::printf("%-40s %9d%s\n", name, count, isGood ? "" : "  WRONG");

@@ -22,6 +22,7 @@ void runDay(soak::Traffic &traffic, soak::Vitals &vitals, substitute::VirtualClo
     constexpr qint64 hour = 3'600'000;
     constexpr int tick = 50;
     constexpr int longestHold = 1000;
+    soak::replaceRenderer({}); // there is none
     for (int round = 1; round <= rounds; ++round) {
         traffic.switchFactoryTest();
         while (clock.now() < hours * hour * round / rounds - longestHold) {
@@ -32,7 +33,6 @@ void runDay(soak::Traffic &traffic, soak::Vitals &vitals, substitute::VirtualClo
         clock.advance(longestHold);
         vitals.sample();
     }
-    soak::removeRenderer();
 }
 
 } // namespace
@@ -43,25 +43,27 @@ int main(int argc, char **argv)
     if (mode == "renderer" && argc == 4)
         return soak::runRenderer(argv[2], std::atoi(argv[3]));
     const bool isDay = mode == "day" && argc == 4;
-    if (!isDay && !(mode == "live" && argc == 5)) {
-        std::fputs("soak: expected day HOURS ROUNDS or live SECONDS ROUNDS MCUSIM\n", stderr);
+    const int length = isDay || argc == 5 ? std::atoi(argv[2]) : 0;
+    const int rounds = length > 0 ? std::atoi(argv[3]) : 0;
+    if (!(isDay || mode == "live") || rounds <= soak::Vitals::warm) {
+        std::fputs("soak: expected day HOURS ROUNDS or live SECONDS ROUNDS MCUSIM; ROUNDS >= 10\n",
+                   stderr);
         return 2;
     }
     QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, false);
     substitute::VirtualClock *clock = isDay ? substitute::VirtualClock::install() : nullptr;
     const QCoreApplication application(argc, argv);
+    soak::Traffic traffic(isDay ? soak::Traffic::Emitter::Caller
+                                : soak::Traffic::Emitter::LinkThread);
     // The library writes factory packets there.
     if (!std::freopen("/dev/null", "we", stderr))
         return 2;
-
-    soak::Traffic traffic(isDay ? soak::Traffic::Emitter::Caller
-                                : soak::Traffic::Emitter::LinkThread);
     soak::Vitals vitals;
     bool isGood = true;
     if (isDay)
-        runDay(traffic, vitals, *clock, std::atoi(argv[2]), std::atoi(argv[3]));
+        runDay(traffic, vitals, *clock, length, rounds);
     else
-        isGood = soak::runLive(traffic, vitals, std::atoi(argv[2]), std::atoi(argv[3]),
+        isGood = soak::runLive(traffic, vitals, length, rounds,
                                QCoreApplication::applicationFilePath(), argv[4]);
     isGood &= traffic.print();
     isGood &= vitals.print();

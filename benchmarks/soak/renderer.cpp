@@ -5,11 +5,13 @@
 #include <csignal>
 #include <cstdarg>
 #include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <numeric>
 
 #include <fcntl.h>
 #include <sys/ipc.h>
+#include <sys/prctl.h>
 #include <sys/sem.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -26,6 +28,14 @@ const char *redirected(const char *path)
 }
 
 int semaphoreOf(key_t key) { return semget(key, 1, IPC_CREAT | 0777); }
+
+void removeSemaphore() { semctl(semaphoreOf(getpid()), 0, IPC_RMID); }
+
+void leaveNothing(int)
+{
+    removeSemaphore();
+    _exit(1);
+}
 
 void goAway(int)
 {
@@ -67,12 +77,12 @@ extern "C" int open(const char *path, int flags, ...)
 
 namespace soak {
 
-void setRendererNode(const QByteArray &fifo) { node = fifo; }
-
-void removeRenderer()
+void replaceRenderer(const QByteArray &fifo)
 {
-    unlink(node.constData());
-    semctl(semaphoreOf(getpid()), 0, IPC_RMID);
+    node = fifo;
+    std::atexit(removeSemaphore);
+    for (const int end : {SIGINT, SIGTERM, SIGHUP})
+        std::signal(end, leaveNothing);
 }
 
 int runRenderer(const char *fifo, int key)
@@ -80,7 +90,8 @@ int runRenderer(const char *fifo, int key)
     ownNode = fifo;
     ownSemaphore = semaphoreOf(key);
     std::signal(SIGTERM, goAway);
-    mkfifo(fifo, 0600); // one that was killed has left it
+    prctl(PR_SET_PDEATHSIG, SIGKILL); // not left behind by a run that was ended
+    mkfifo(fifo, 0600);               // one that was killed has left it
     // Also for writing: else each frame ends with an end of file.
     const int reader = openat(AT_FDCWD, fifo, O_RDWR);
     semctl(ownSemaphore, 0, SETVAL, 1);

@@ -6,13 +6,13 @@
 
 namespace soak {
 
-/// The FIFO to which the library writes from now on; its folder also names the semaphore.
-void setRendererNode(const QByteArray &fifo);
-/// Removes FIFO and semaphore.
-void removeRenderer();
+/// From now on the library writes to this FIFO, and its semaphore is one of this process, which is
+/// removed when the process ends.
+void replaceRenderer(const QByteArray &fifo);
 
-/// The renderer: makes its FIFO, releases the UART and prints a line for each good frame. Goes at a
-/// SIGTERM and then takes the FIFO with it and claims the UART. Returns 1 after a bad frame.
+/// The renderer for the process `key`: makes its FIFO, releases the UART and prints a line for each
+/// good frame. Goes at a SIGTERM and then takes the FIFO with it and claims the UART. Returns 1
+/// after a bad frame.
 int runRenderer(const char *fifo, int key);
 
 } // namespace soak

@@ -19,14 +19,13 @@ public:
             {anonymousKib(), entriesOf("/proc/self/fd"), entriesOf("/proc/self/task")});
     }
 
+    static constexpr int warm = 9; ///< the tenth sample
+
     /// Prints the first, the tenth and the last sample. False if the memory of the last one is not
     /// within 2 % of that of the tenth, or if descriptors or threads changed after the tenth.
     bool print() const
     {
-        constexpr int warm = 9;     // the tenth
         constexpr int portion = 50; // 2 %
-        if (m_samples.size() <= warm)
-            qFatal("expected at least ten rounds");
         const auto line = [this](const char *name, int Sample::*value, auto isLikeTenth) {
             const bool isGood = isLikeTenth(m_samples[warm].*value);
             std::printf("%-40s %9d %9d %9d%s\n", name, m_samples.first().*value,
@@ -42,7 +41,7 @@ public:
         };
         std::printf("%-40s %9s %9s %9s\n", "", "first", "tenth", "last");
         bool isGood = line("private memory in KiB", &Sample::kib, [this](int tenth) {
-            return std::abs(m_samples.last().kib - tenth) * portion <= tenth;
+            return tenth > 0 && std::abs(m_samples.last().kib - tenth) * portion <= tenth;
         });
         isGood &= line("open descriptors", &Sample::descriptors, remains(&Sample::descriptors));
         isGood &= line("threads", &Sample::threads, remains(&Sample::threads));
@@ -66,7 +65,7 @@ private:
                     return line.simplified().split(' ')[1].toInt();
             }
         }
-        qFatal("cannot read %s", qPrintable(file.fileName()));
+        return 0; // never right
     }
 
     static int entriesOf(const char *folder)
