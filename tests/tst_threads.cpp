@@ -88,7 +88,7 @@ private Q_SLOTS:
         while (!done) {
             m_clock->advance(3000); // the restore timer starts, stops and fires
             manager.audioStatus();
-            // Both threads write to the substitutes' logs; only the manager's lock protects them.
+            // Both threads write to the trace; only the manager's lock protects it.
             manager.unduckAudio(1);
         }
         caller.join();

@@ -13,6 +13,8 @@
 
 #include <QHash>
 
+#include <mutex>
+
 using substitute::platform::log;
 
 namespace {
@@ -26,11 +28,28 @@ struct State {
     QHash<QString, bool> settings;
 };
 
-State &state()
-{
-    static State values;
-    return values;
-}
+/// The state while it is locked: the library uses the audio service from two threads.
+class Access {
+public:
+    State *operator->() const { return &values(); }
+    State &operator*() const { return values(); }
+
+private:
+    static State &values()
+    {
+        static State state;
+        return state;
+    }
+    static std::recursive_mutex &mutex()
+    {
+        static std::recursive_mutex mutex;
+        return mutex;
+    }
+
+    std::unique_lock<std::recursive_mutex> m_lock{mutex()};
+};
+
+Access state() { return {}; }
 
 constexpr int mainAudio = 1; ///< bit of the mute state
 
@@ -54,39 +73,39 @@ CallLog &log()
 
 void setAudioEvents(const QList<int> &events)
 {
-    if (events == state().audioEvents)
+    if (events == state()->audioEvents)
         return;
-    state().audioEvents = events;
+    state()->audioEvents = events;
     Q_EMIT hxaudio::AudioService::instance()->eventStateChanged();
 }
 
-void setMainAudioMuted(bool muted) { state().mutes = muted ? mainAudio : 0; }
+void setMainAudioMuted(bool muted) { state()->mutes = muted ? mainAudio : 0; }
 
-void setAttenuated(bool attenuated) { state().attenuation = attenuated; }
+void setAttenuated(bool attenuated) { state()->attenuation = attenuated; }
 
-bool isMainAudioMuted() { return (state().mutes & mainAudio) != 0; }
+bool isMainAudioMuted() { return (state()->mutes & mainAudio) != 0; }
 
-bool isAttenuated() { return state().attenuation != 0; }
+bool isAttenuated() { return state()->attenuation != 0; }
 
-void setMuteState(int mutes) { state().mutes = mutes; }
+void setMuteState(int mutes) { state()->mutes = mutes; }
 
-void setAttState(int attenuation) { state().attenuation = attenuation; }
+void setAttState(int attenuation) { state()->attenuation = attenuation; }
 
 void pressPanelKey(int key, int state, int kind)
 {
     Q_EMIT EventHandler::instance()->keyEventForAutotest(key, state, kind);
 }
 
-void setCurrentDisplay(int display) { state().display = display; }
+void setCurrentDisplay(int display) { state()->display = display; }
 
-void setForceTime(bool force) { state().forceTime = force; }
+void setForceTime(bool force) { state()->forceTime = force; }
 
-void setSetting(const QString &key, bool value) { state().settings[key] = value; }
+void setSetting(const QString &key, bool value) { state()->settings[key] = value; }
 
 void reset()
 {
     log().clear();
-    state() = {};
+    *state() = {};
 }
 
 } // namespace substitute::platform
@@ -95,18 +114,18 @@ namespace hxaudio {
 
 AudioService *AudioService::instance() { return only<AudioService>(); }
 
-QList<int> AudioService::eventStates() const { return state().audioEvents; }
+QList<int> AudioService::eventStates() const { return state()->audioEvents; }
 
-int AudioService::muteState() { return state().mutes; }
+int AudioService::muteState() { return state()->mutes; }
 
 bool AudioService::isMainAudioMute(int muteState) { return (muteState & mainAudio) != 0; }
 
-int AudioService::getAttState() { return state().attenuation; }
+int AudioService::getAttState() { return state()->attenuation; }
 
 void AudioService::Att20DB(bool on)
 {
     log().record("AudioService.Att20DB", on);
-    state().attenuation = on;
+    state()->attenuation = on;
 }
 
 void AudioService::setMainAudioMute(bool on)
@@ -133,7 +152,7 @@ EventHandler *EventHandler::instance() { return only<EventHandler>(); }
 
 void EventHandler::onEvent(int event) { log().record("EventHandler.onEvent", event); }
 
-int SrcDsplCtrl::currentDspl() { return state().display; }
+int SrcDsplCtrl::currentDspl() { return state()->display; }
 
 namespace tuner {
 
@@ -151,14 +170,14 @@ SettingsFunc *SettingsFunc::instance() { return only<SettingsFunc>(); }
 
 bool SettingsFunc::getValue(QString key, bool fallback)
 {
-    return state().settings.value(key, fallback);
+    return state()->settings.value(key, fallback);
 }
 
 SettingsUtil *SettingsUtil::instance() { return only<SettingsUtil>(); }
 
 SettingsExe *SettingsUtil::getSaver() { return only<SettingsExe>(); }
 
-bool SettingsUtil::IsForceTime() { return state().forceTime; }
+bool SettingsUtil::IsForceTime() { return state()->forceTime; }
 
 void SettingsUtil::SubwooferOnOff(int value) { log().record("SettingsUtil.SubwooferOnOff", value); }
 

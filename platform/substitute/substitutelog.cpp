@@ -8,12 +8,19 @@ namespace substitute {
 void CallLog::append(const QString &name, const QVariantList &arguments)
 {
     const Call call{name, arguments};
-    m_calls.append(call);
+    {
+        const std::lock_guard lock(m_mutex);
+        m_calls.append(call);
+    }
     if (m_listener)
         m_listener(call);
 }
 
-QList<Call> CallLog::take() { return std::exchange(m_calls, {}); }
+QList<Call> CallLog::take()
+{
+    const std::lock_guard lock(m_mutex);
+    return std::exchange(m_calls, {});
+}
 
 void CallLog::setListener(std::function<void(const Call &)> listener)
 {

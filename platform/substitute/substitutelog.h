@@ -7,6 +7,7 @@
 #include <QVariantList>
 
 #include <functional>
+#include <mutex>
 
 namespace substitute {
 
@@ -22,7 +23,8 @@ struct Call {
     }
 };
 
-/// A log of calls in their order. Not thread-safe: commands come from the facade's thread.
+/// A log of calls in their order. Calls may come from two threads, as the commands of the audio
+/// status do, and the log may be cleared meanwhile; all else is for one thread.
 class CallLog {
 public:
     void append(const QString &name, const QVariantList &arguments);
@@ -37,13 +39,14 @@ public:
     /// Returns the calls and clears the log.
     QList<Call> take();
     /// Clears the log; the listener stays.
-    void clear() { m_calls.clear(); }
+    void clear() { take(); }
 
     /// Sets the function that is called with every call as it arrives. There is one listener; null
     /// removes it.
     void setListener(std::function<void(const Call &)> listener);
 
 private:
+    std::mutex m_mutex; ///< guards the calls, not the listener
     QList<Call> m_calls;
     std::function<void(const Call &)> m_listener;
 };
