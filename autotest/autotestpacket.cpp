@@ -66,7 +66,12 @@ void ReceiveBuffer::append(const QByteArray &chunk)
         m_searched -= m_begin;
         m_begin = 0;
     }
-    m_bytes.insert(m_bytes.end(), chunk.begin(), chunk.end());
+    try {
+        m_bytes.insert(m_bytes.end(), chunk.begin(), chunk.end());
+    } catch (...) {
+        *this = {}; // without this chunk its packet is lost, but the next one is found
+        throw;
+    }
 }
 
 qint64 ReceiveBuffer::searchSyncId()
@@ -98,10 +103,11 @@ bool ReceiveBuffer::checkPackageIsEntire(QByteArray &packet)
         MCU_DEBUG << size() << total << length;
         return false;
     }
-    packet.resize(total); // reuses its memory
-    std::copy_n(front, total, packet.begin());
+    // Consumed first: without memory for it the packet is lost, and the next one is found.
     m_begin += total;
     m_searched = m_begin;
+    packet.resize(total); // reuses its memory
+    std::copy_n(front, total, packet.begin());
     return true;
 }
 
