@@ -75,8 +75,14 @@ void ReceiveBuffer::makeRoom(std::size_t more)
     constexpr std::size_t spare = 1024;
     const auto waiting = std::size_t(size());
     const auto consumed = std::size_t(m_begin - m_block.data());
-    if (waiting + more >= m_block.size() / 2)
-        m_block.insert(m_block.end(), waiting + more + spare, '\0');
+    if (waiting + more >= m_block.size() / 2) {
+        try {
+            m_block.insert(m_block.end(), waiting + more + spare, '\0');
+        } catch (...) {
+            clear(); // without this chunk its packet is lost, but the next one is found
+            throw;
+        }
+    }
     char *const front = m_block.data();
     std::memmove(front, front + consumed, waiting);
     m_begin = front;

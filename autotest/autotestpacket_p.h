@@ -93,10 +93,12 @@ public:
                 logMissing(CALL_SITE);
             return false;
         }
+        const char *const front = m_begin;
         const quint8 total = packetSize();
-        packet.resize(total); // reuses its memory
-        std::memcpy(packet.data(), m_begin, total);
+        // Consumed first: without memory for it the packet is lost, and the next one is found.
         m_begin += total;
+        packet.resize(total); // reuses its memory
+        std::memcpy(packet.data(), front, total);
         return true;
     }
 

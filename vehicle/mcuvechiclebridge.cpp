@@ -14,16 +14,17 @@ namespace {
 constexpr char releaseKeyFile[] = "/tmp/avmrenderserver_releaseuart";
 constexpr char rendererNode[] = "/tmp/avmrenderservice_rx";
 
-// Stores and logs a value that differs from the last one, with the caller's call site, and returns
-// whether it differs.
+// Logs and stores a value that differs from the last one, with the caller's call site, and returns
+// whether it differs. Without memory for the log line the change is neither stored nor lost: the
+// next report has it again.
 template <typename Value>
 bool changes(Value &last, Value value, const CallSite &site)
 {
     if (last == value)
         return false;
-    last = value;
     if (isDebugLogged())
         debugLine(site) << value;
+    last = value;
     return true;
 }
 

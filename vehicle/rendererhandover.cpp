@@ -39,20 +39,26 @@ void handOverToRenderer(const RadarImage &image, const char *keyFile, const char
 
 void writeWithoutSignal(int descriptor, const RadarImage &image)
 {
-    sigset_t brokenPipe;
-    sigemptyset(&brokenPipe);
-    sigaddset(&brokenPipe, SIGPIPE);
+    // What a write can raise: without a reader, or beyond the largest file that is permitted.
+    sigset_t signalsOfWrite;
+    sigemptyset(&signalsOfWrite);
+    sigaddset(&signalsOfWrite, SIGPIPE);
+    sigaddset(&signalsOfWrite, SIGXFSZ);
     sigset_t maskBefore;
-    pthread_sigmask(SIG_BLOCK, &brokenPipe, &maskBefore);
+    pthread_sigmask(SIG_BLOCK, &signalsOfWrite, &maskBefore);
     sigset_t pendingBefore;
     sigpending(&pendingBefore);
 
-    const bool readerGone = write(descriptor, image.data(), image.size()) == -1 && errno == EPIPE;
+    const int error = write(descriptor, image.data(), image.size()) == -1 ? errno : 0;
 
-    // Removes the SIGPIPE of this write, but not one that was pending before.
-    if (readerGone && sigismember(&pendingBefore, SIGPIPE) == 0) {
+    // Removes the signal of this write, but not one that was pending before.
+    const int raised = error == EPIPE ? SIGPIPE : error == EFBIG ? SIGXFSZ : 0;
+    if (raised != 0 && sigismember(&pendingBefore, raised) == 0) {
+        sigset_t own;
+        sigemptyset(&own);
+        sigaddset(&own, raised);
         const timespec noWait{};
-        sigtimedwait(&brokenPipe, nullptr, &noWait);
+        sigtimedwait(&own, nullptr, &noWait);
     }
     pthread_sigmask(SIG_SETMASK, &maskBefore, nullptr);
 }

@@ -14,8 +14,9 @@ bool isUartReleased(const char *keyFile);
 /// no renderer or it is busy, the image is dropped.
 void handOverToRenderer(const RadarImage &image, const char *keyFile, const char *node);
 
-/// Writes the image to an open descriptor. Without a reader the image is dropped and no SIGPIPE is
-/// raised. The application's signal mask and its pending signals do not change.
+/// Writes the image to an open descriptor. Without a reader, or in a file that may not be so large,
+/// the image is dropped and no signal is raised. The application's signal mask and its pending
+/// signals do not change.
 void writeWithoutSignal(int descriptor, const RadarImage &image);
 
 } // namespace mcu

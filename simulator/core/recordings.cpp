@@ -1,11 +1,41 @@
 #include "recordings.h"
 
 #include <cerrno>
+#include <csignal>
+#include <ctime>
 #include <utility>
 
 #include <sys/stat.h>
 
 namespace mcusim {
+
+namespace {
+
+/// While it exists, a line beyond the largest file that the process may write is an error alone:
+/// its signal would end the application that is recorded.
+class WithoutSignal {
+public:
+    WithoutSignal()
+    {
+        sigemptyset(&m_signal);
+        sigaddset(&m_signal, SIGXFSZ);
+        pthread_sigmask(SIG_BLOCK, &m_signal, &m_maskBefore);
+    }
+    ~WithoutSignal()
+    {
+        const timespec noWait{};
+        sigtimedwait(&m_signal, nullptr, &noWait);
+        pthread_sigmask(SIG_SETMASK, &m_maskBefore, nullptr);
+    }
+    WithoutSignal(const WithoutSignal &) = delete;
+    WithoutSignal &operator=(const WithoutSignal &) = delete;
+
+private:
+    sigset_t m_signal;
+    sigset_t m_maskBefore;
+};
+
+} // namespace
 
 Recordings::Recordings(Open open, qint64 largest) : m_open(std::move(open)), m_largest(largest)
 {
@@ -23,12 +53,14 @@ void Recordings::hear(const Event &event)
     m_last = event.time;
     Event counted = event;
     counted.time -= m_began;
+    const WithoutSignal withoutSignal;
     m_recorder->hear(counted);
     check();
 }
 
 void Recordings::finish(qint64 time)
 {
+    const WithoutSignal withoutSignal;
     if (m_file)
         m_recorder->finish(time - m_began);
     m_file.reset();
@@ -56,6 +88,7 @@ void Recordings::begin(qint64 time)
     m_file.reset(next.file);
     m_began = m_looked = time;
     std::setvbuf(next.file, nullptr, _IOLBF, longLine);
+    const WithoutSignal withoutSignal;
     m_recorder.emplace(next.file, next.metadata);
     check();
 }
