@@ -74,7 +74,8 @@ void SettingsExe::setOtherPathValue(QString key, QString file, QVariant value, Q
     const QVariant before = settings.value(key);
     settings.setValue(key, value);
     settings.sync();
-    if (settings.status() == QSettings::NoError)
+    // A line that could not be read is left out; all else is written.
+    if (settings.status() != QSettings::AccessError)
         return;
     qWarning("SettingsExe: cannot write %s", qUtf8Printable(settings.fileName()));
     // QSettings keeps what it could not write for the next reader.

@@ -236,11 +236,15 @@ QString Catalogue::suggestion(const QString &text, std::optional<Kind> kind) con
     const QString wanted = text.left(100).toLower();
     const QString wantedShort = wanted.section('.', -1);
     const int limit = std::max(1, wantedShort.size() / 3);
+    // Of texts whose lengths differ more, the distance need not be computed.
+    const auto distanceTo = [limit](const QString &a, const QString &b) {
+        return std::abs(a.size() - b.size()) > limit ? limit + 1 : distance(a, b);
+    };
     std::vector<Like> likes;
     for (const Signature &signature : m_all) {
         const QString name = signature.name.toLower();
         const QString shortName = signature.shortName().toLower();
-        int away = std::min(distance(wanted, name), distance(wantedShort, shortName));
+        int away = std::min(distanceTo(wanted, name), distanceTo(wantedShort, shortName));
         if (wantedShort.size() > 3 && shortName.startsWith(wantedShort))
             away = std::min(away, 1);
         // A misspelt name is likelier than a wrong kind.

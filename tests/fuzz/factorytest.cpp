@@ -8,6 +8,7 @@
 #include "mcuservice.h"
 #include "packettext.h"
 #include "standarderror.h"
+#include "target.h"
 #include "testkit.h"
 
 #include <QFile>
@@ -185,8 +186,6 @@ void run(const QByteArray &input)
 }
 
 } // namespace
-
-extern "C" int LLVMFuzzerTestOneInput(const quint8 *data, std::size_t size);
 
 int LLVMFuzzerTestOneInput(const quint8 *data, std::size_t size)
 {
