@@ -7,6 +7,7 @@
 
 #include <QCoreApplication>
 
+#include <cstdio>
 #include <cstdlib>
 #include <string_view>
 
@@ -18,6 +19,8 @@ struct LastWords {
     {
         AutoPrint trace("last words", 1);
         MCU_DEBUG << "good bye";
+        if (!isCriticalLogged())
+            std::puts("errors are lost");
     }
 };
 
