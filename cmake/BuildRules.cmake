@@ -12,6 +12,7 @@ if(NOT CMAKE_BUILD_TYPE)
     set(CMAKE_BUILD_TYPE RelWithDebInfo)
 endif()
 
+option(MCUSERVICE_COVERAGE "Count which lines and branches of the library the tests reach" OFF)
 set(MCUSERVICE_SANITIZE "" CACHE STRING "Sanitizers for -fsanitize, such as address,undefined")
 
 add_library(mcuservice_rules INTERFACE)
@@ -37,6 +38,10 @@ target_include_directories(mcuservice_includes INTERFACE
     ${PROJECT_SOURCE_DIR}/platform/contract/link ${PROJECT_SOURCE_DIR}/platform/contract/services)
 target_link_libraries(mcuservice_objects INTERFACE mcuservice_includes mcuservice_rules Qt5::Core)
 
+if(MCUSERVICE_COVERAGE)
+    target_link_options(mcuservice_objects INTERFACE --coverage)
+endif()
+
 # mcuservice_layer(folder [SEES folder...]): compiles the sources of a folder. They can include only
 # the headers of this folder and of the folders that SEES names.
 function(mcuservice_layer folder)
@@ -51,6 +56,9 @@ function(mcuservice_layer folder)
     target_compile_options(${target} PRIVATE
         $<$<CXX_COMPILER_ID:GNU>:-femit-class-debug-always>)
     list(TRANSFORM layer_SEES PREPEND ${PROJECT_SOURCE_DIR}/)
+    if(MCUSERVICE_COVERAGE) # the tests have several threads
+        target_compile_options(${target} PRIVATE --coverage -fprofile-update=atomic)
+    endif()
     target_include_directories(${target} PRIVATE ${PROJECT_SOURCE_DIR}/${folder} ${layer_SEES})
     target_link_libraries(${target} PRIVATE mcuservice_rules Qt5::Core)
     target_sources(mcuservice_objects INTERFACE $<TARGET_OBJECTS:${target}>)

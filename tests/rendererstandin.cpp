@@ -19,6 +19,10 @@ constexpr int releaseSemaphore = 7;
 
 bool isNode(const char *path) { return std::strcmp(path, "/tmp/avmrenderservice_rx") == 0; }
 
+/// Whether a build for coverage counts in this file. Its runtime opens the files through the same
+/// call.
+bool isCounter(const char *path) { return QByteArray(path).endsWith(".gcda"); }
+
 int fail(int error)
 {
     errno = error;
@@ -71,6 +75,8 @@ int __wrap_access(const char *path, int mode)
 
 int __wrap_open(const char *path, int flags, ...)
 {
+    if (isCounter(path)) // at the end of the process, when the state no longer exists
+        return __real_open(path, flags, 0644);
     // A call that may block or read is refused, so that a test cannot hang.
     const bool isAsked =
         isNode(path) && (flags & (O_ACCMODE | O_NONBLOCK)) == (O_WRONLY | O_NONBLOCK);

@@ -197,7 +197,9 @@ private Q_SLOTS:
                 !operation.name.startsWith("McuVech"))
                 told += stage.play("unlinked " + operation.name + '(' + arguments.join(',') + ')');
         }
-        McuService().setAudioTimerDelay(1, nullptr);
+        McuService linked;
+        linked.init();
+        linked.setAudioTimerDelay(1, nullptr);
         QCOMPARE(
             told.filter(QRegularExpression("^(link|[A-Z]).*\\(")),
             QStringList({"TunerControl.HDR_DabRequestScan()", "TunerControl.HDR_DabTunerFM(3)"}));
