@@ -45,7 +45,7 @@ struct Application {
 
 /// Gives the process mounts of its own, which end with it.
 void useOwnMounts();
-/// Mounts an empty disk of this size, such as "16k", on a folder. Needs own mounts.
+/// Mounts an empty disk of this size, such as "64k", on a folder. Needs own mounts.
 void mountDisk(const char *folder, const char *size);
 
 int openDescriptors();

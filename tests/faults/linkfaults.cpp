@@ -99,6 +99,7 @@ Outcome reportsFromManyThreads()
     });
     std::atomic<int> running{threads};
     std::vector<std::thread> all;
+    all.reserve(threads);
     for (int thread = 0; thread < threads; ++thread) {
         all.emplace_back([thread, &running] {
             for (int number = 0; number < each; ++number) {

@@ -206,8 +206,9 @@ Outcome replacedByOthers()
     const auto listening = [server] {
         sockaddr_un name{AF_UNIX, {}};
         std::copy_n(node, sizeof node, name.sun_path);
-        bind(server, reinterpret_cast<sockaddr *>(&name), sizeof name);
-        listen(server, 1);
+        if (bind(server, reinterpret_cast<sockaddr *>(&name), sizeof name) != 0 ||
+            listen(server, 1) != 0)
+            std::abort();
     };
     const auto circle = [] {
         QFile::link("a", node);
@@ -219,7 +220,7 @@ Outcome replacedByOthers()
 Outcome replacedByForbiddenFile()
 {
     limitFileSize(0);
-    const Outcome outcome = replaced({[] { QFile(node).open(QFile::WriteOnly); }});
+    Outcome outcome = replaced({[] { QFile(node).open(QFile::WriteOnly); }});
     limitFileSize(-1);
     return outcome;
 }

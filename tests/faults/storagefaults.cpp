@@ -99,7 +99,7 @@ constexpr char filler[] = "media/flash/nvm/factory/filler";
 Outcome fullDisk()
 {
     useOwnMounts();
-    mountDisk(folder, "16k");
+    mountDisk(folder, "256k");
     return unwritable({[] {
                            QFile file(filler);
                            if (!file.open(QFile::WriteOnly | QFile::Unbuffered))
@@ -200,6 +200,8 @@ Outcome notAFile()
 /// The output of a shell command, of whose programs the simulator's are some.
 QByteArray shell(const QByteArray &command)
 {
+    if (*PROGRAMS == '\0')
+        throw NotHere{"the programs are of another processor"};
     qputenv("PATH", PROGRAMS ":" + qgetenv("PATH"));
     qputenv("PROBE", PROBE);
     qputenv("XDG_RUNTIME_DIR", QFile::encodeName(QDir::currentPath()));
@@ -219,7 +221,7 @@ Outcome ofRecording(const QByteArray &command, const QByteArray &expected)
 Outcome fullDiskOfRecording()
 {
     useOwnMounts();
-    mountDisk("disk", "16k");
+    mountDisk("disk", "64k");
     return ofRecording(
         "(mcusim run --record disk/rec -- probed app init flood 300; echo ended $?) 2>&1 |"
         "grep -e ended -e mcuprobe | sed 's/.*rec: //';"
@@ -231,7 +233,7 @@ Outcome fullDiskOfRecording()
 Outcome ring(const QByteArray &before, const QByteArray &error)
 {
     return ofRecording(before +
-                           "export MCUPROBE_SIZE=6K MCUPROBE_FILES=9;"
+                           "export MCUPROBE_SIZE=6K MCUPROBE_FILES=99;"
                            "(MCUPROBE_FOLDER=$PWD/disk LD_PRELOAD=$PROBE probed app init flood 300;"
                            "echo ended $?) 2>&1 | grep -e ended -e mcuprobe | sed 's/.*jsonl: //';"
                            "mcusim verify disk/* > verdicts 2>&1;"
@@ -242,14 +244,14 @@ Outcome ring(const QByteArray &before, const QByteArray &error)
 Outcome fullDiskOfRing()
 {
     useOwnMounts();
-    mountDisk("disk", "16k");
+    mountDisk("disk", "64k");
     return ring("", "No space left on device");
 }
 
 Outcome readOnlyRing()
 {
     useOwnMounts();
-    mountDisk("disk", "16k");
+    mountDisk("disk", "64k");
     if (mount(nullptr, "disk", nullptr, MS_REMOUNT | MS_RDONLY, nullptr) != 0)
         throw NotHere{"this machine does not permit mounts"};
     return ring("", "Read-only file system");
