@@ -93,7 +93,7 @@ struct Settings {
 /// Makes the file of a new root folder.
 QString rootWith(Unit &unit, const QByteArray &content)
 {
-    const QString root = unit.folder.filePath(QString::number(++unit.number));
+    QString root = unit.folder.filePath(QString::number(++unit.number));
     QFile file(root + mcu::speakerSettingsFile);
     const bool isThere = QDir().mkpath(QFileInfo(file).path()) && file.open(QFile::WriteOnly) &&
                          file.write(content) == content.size();
