@@ -20,7 +20,7 @@ quint8 checksumOf(const char *from, const char *end)
     unsigned sum = 0;
     for (; from < end; ++from)
         sum += quint8(*from);
-    return quint8(0u - sum);
+    return quint8(0x100 - (sum & 0xff));
 }
 
 } // namespace
