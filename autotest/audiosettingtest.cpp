@@ -22,7 +22,7 @@ int storedInt(const char *key)
 }
 
 /// Sum without overflow, because the values of the settings file are not checked.
-int wrappingSum(int left, unsigned right) { return int(unsigned(left) + right); }
+int wrappingSum(int left, unsigned right) { return int(qint64(left) + right); }
 
 /// Sends the filter of a crossover type to the MCU, with zeros if the filter is off. Returns false
 /// if the type has no filter.

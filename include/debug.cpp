@@ -23,7 +23,7 @@ quint32 monotonicMilliseconds()
 {
     timespec now{};
     clock_gettime(CLOCK_MONOTONIC, &now);
-    return quint32(now.tv_sec) * 1000u + quint32(now.tv_nsec / 1000000);
+    return quint32(qint64(now.tv_sec) * 1000 + now.tv_nsec / 1000000);
 }
 
 } // namespace
@@ -52,6 +52,6 @@ AutoPrint::~AutoPrint()
     m_end = monotonicMilliseconds();
     if (!isDebugLogged())
         return;
-    traceLine(CALL_SITE, m_name, m_line) << "[--ExecTime--]" << m_end - m_start;
+    traceLine(CALL_SITE, m_name, m_line) << "[--ExecTime--]" << quint32(qint64(m_end) - m_start);
     traceLine(CALL_SITE, m_name, m_line) << "[--OUT--]";
 }

@@ -168,10 +168,9 @@ void McuService::setCustomEQValue(int band, int level)
 
 void McuService::setBalanceFader(int balance, int fader)
 {
-    // Kept: the MCU counts both from 0. The sum does not overflow for any value.
-    constexpr unsigned middle = 25;
-    callOn(m_link, &McuSrv::setBalanceFader, int(unsigned(balance) + middle),
-           int(unsigned(fader) + middle));
+    // Kept: the MCU counts both from 0. For the last values of int the sum wraps.
+    constexpr qint64 middle = 25;
+    callOn(m_link, &McuSrv::setBalanceFader, int(balance + middle), int(fader + middle));
 }
 
 void McuService::setLoudness(int level) { callOn(m_link, &McuSrv::setLoudness, level); }

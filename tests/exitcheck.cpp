@@ -14,6 +14,7 @@
 #include <atomic>
 #include <cstdio>
 #include <cstdlib>
+#include <memory>
 #include <string_view>
 #include <thread>
 
@@ -45,7 +46,6 @@ class BusyLink {
 public:
     BusyLink()
     {
-        reportKey(); // the link exists before, so it is destroyed after
         m_thread = std::thread([this] {
             while (!m_stopping) {
                 reportKey();
@@ -100,6 +100,10 @@ int main(int argc, char **argv)
     const std::string_view end = argc > 1 ? argv[1] : "";
     QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, false);
 
+    if (end == "emitting")
+        reportKey(); // the link is the first object, so it is the last to be destroyed
+    static std::unique_ptr<BusyLink> link; // destroyed after the objects of the library
+
     if (end == "none") {
         createAll();
         mcu::McuService::instance()->onKeyEvent(1, 0);
@@ -107,11 +111,10 @@ int main(int argc, char **argv)
     }
     if (end == "first")
         createAll();
-    if (end == "emitting") {
-        static const BusyLink link;
-    }
     QCoreApplication application(argc, argv);
     use();
+    if (end == "emitting")
+        link = std::make_unique<BusyLink>();
     if (end == "alive")
         std::exit(0);
     if (end == "waiting") { // events of another thread for timers of the manager

@@ -292,7 +292,7 @@ private:
         for (const PageRecord::Field &field : record.fields) {
             QCOMPARE(field.offset, image.size());
             const bool isGap = field.name.isEmpty();
-            const quint32 value = isGap ? 0 : start + quint32(values.size()) * 0x05030201u;
+            const quint32 value = isGap ? 0 : quint32(start + quint64(values.size()) * 0x05030201u);
             const quint32 bits = field.bits == 32 ? value : value & ((1u << field.bits) - 1);
             for (int shift = 0; shift < field.bits; shift += 8)
                 image.append(char(bits >> shift));
