@@ -183,6 +183,11 @@ void McuService::onsetEcuEdition(QString sw_edition, QString hw_edition)
     Q_EMIT syncEcuEdition();
 }
 
+void McuServicePrivate::dump(const CallSite &slot, const char *tag, const QByteArray &image)
+{
+    debugLine(slot) << tag << image.toHex();
+}
+
 void McuServicePrivate::markReady(const Readiness &readiness)
 {
     const bool car = readiness.set == Readiness::Set::Car;

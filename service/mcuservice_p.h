@@ -73,27 +73,29 @@ public:
     /// Stores a report, one value for each field, and publishes the record: rate limit, dump line,
     /// signal, readiness. The log line names the report's own slot.
     template <const RecordDescription &Description, typename... Values>
-    void publish(const CallSite &slot, Values... values);
+    void publish(CallSite slot, Values... values);
 
 private:
     /// The same, and the dump line of it. One copy for both: a message handler may report again.
     template <const RecordDescription &Description>
-    QByteArray loggedImage(const CallSite &slot)
+    QByteArray loggedImage(CallSite slot)
     {
         QByteArray bytes = image<Description>();
         if constexpr (Description.dumpTag != nullptr) {
-            if (isDebugLogged())
-                debugLine(slot) << Description.dumpTag << bytes.toHex();
+            if (isDebugLogged()) // in parts, so that nothing of the call site is stored before
+                dump({slot.file, slot.line, slot.function}, Description.dumpTag, bytes);
         }
         return bytes;
     }
+    /// Writes the dump line. Apart from the reports, so that they need no stack frame for it.
+    static void dump(const CallSite &slot, const char *tag, const QByteArray &image);
     /// Stores that a report has been emitted. Emits CANDataReady() for the report that completes
     /// the first set.
     void markReady(const Readiness &readiness);
 };
 
 template <const RecordDescription &Description, typename... Values>
-void McuServicePrivate::publish(const CallSite &slot, Values... values)
+void McuServicePrivate::publish(CallSite slot, Values... values)
 {
     records.of<Description>().store(values...);
     if constexpr (Description.hold.command != 0) {
