@@ -96,8 +96,8 @@ void countFlood(const std::string &name)
     Buffer buffer;
     QByteArray packet;
     const QByteArray chunk = QByteArray("\xff\x01").repeated(500);
-    // The first five million bytes are not counted. They wait in the buffer and must not make the
-    // next five million, which are counted, more expensive.
+    // The first five million bytes are not counted. They must not leave anything that makes the next
+    // five million, which are counted, more expensive.
     countActs(name, chunks, [&] {
         buffer.append(chunk);
         benchmark::DoNotOptimize(buffer.take(packet));

@@ -3,6 +3,8 @@
 
 #include "radiostringconnver.h"
 
+#include <cstring>
+
 void Floor::init()
 {
     connect(m_link, SIGNAL(eqTypeChangedSgl(int)), this, SIGNAL(eqTypeChanged(int)));
@@ -54,12 +56,21 @@ void Floor::onReportTruckPerformanceParametersChanged(int a, int b, int c, int d
 QString Floor::convertFromEBU(const char *data, int len)
 {
     QString text(len, Qt::Uninitialized);
-    auto *out = reinterpret_cast<ushort *>(text.data());
-    int size = 0;
-    for (const char *byte = data; byte != data + len; ++byte) {
-        if (const ushort character = radioStringConnver::table_dab_charset0[quint8(*byte)])
-            out[size++] = character;
+    auto *const out = reinterpret_cast<ushort *>(text.data());
+    quint64 below = 0; // bit 7 is set if a byte is below 0x20: only those can be no character
+    int done = 0;
+    for (; len - done >= 8; done += 8) {
+        quint64 eight;
+        std::memcpy(&eight, data + done, sizeof eight);
+        below |= (eight - 0x2020202020202020) & ~eight;
+        for (int i = done; i < done + 8; ++i)
+            out[i] = radioStringConnver::table_dab_charset0[quint8(data[i])];
     }
-    text.resize(size);
+    for (; done < len; ++done) {
+        out[done] = radioStringConnver::table_dab_charset0[quint8(data[done])];
+        below |= quint8(data[done] - 0x20);
+    }
+    if (below & 0x8080808080808080)
+        text.remove(QChar::Null);
     return text;
 }

@@ -1,6 +1,6 @@
 // The floor: the minimum of work, written by hand with the names of the library, that the library
 // is compared with. For a report: store the bytes, copy them into one byte array, emit it. For a
-// command: call the link. For broadcast text: one loop into a text of the right size.
+// command: call the link. For broadcast text: eight bytes at a time into a text of the right size.
 #pragma once
 
 #include "mcusrv.h"
