@@ -47,9 +47,9 @@ void search(wire::ReceiveBuffer &buffer, std::string &stream)
 {
     const std::size_t pair = stream.find("\xff\x55");
     const bool isThere = pair != std::string::npos;
-    expect(buffer.searchSyncId() == isThere, "start of a packet");
-    // Without a start, the last byte may be the first half of one.
-    stream.erase(0, isThere ? pair : stream.size() - std::min<std::size_t>(stream.size(), 1));
+    expect(buffer.searchSyncId() == isThere, "packet is found");
+    // The last byte may be the first half of a pair.
+    stream.erase(0, isThere ? pair : std::max<std::size_t>(stream.size(), 1) - 1);
 }
 
 void take(wire::ReceiveBuffer &buffer, std::string &stream)
