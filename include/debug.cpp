@@ -118,8 +118,10 @@ LogLine &&LogLine::operator<<(bool value)
 
 LogLine &&LogLine::addNumber(qlonglong number)
 {
-    const auto bits = qulonglong(number);
-    appendNumber(m_text, number < 0 ? 0 - bits : bits, number < 0);
+    if (number < 0) // the least number has no opposite
+        appendNumber(m_text, qulonglong(-(number + 1)) + 1, true);
+    else
+        appendNumber(m_text, qulonglong(number), false);
     return std::move(*this);
 }
 

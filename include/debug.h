@@ -56,9 +56,9 @@ inline bool isCriticalLogged()
 
 namespace mcu {
 
-/// One log line, a temporary that is written when its statement ends. It takes all that QDebug
-/// takes and writes the same bytes, at less cost: the usual items are composed into one text. From
-/// the first other item on, a QDebug composes the line.
+/// One log line, written when the object ends. It takes all that QDebug takes and writes the same
+/// bytes, at less cost: the usual items are composed into one text. From the first other item on, a
+/// QDebug composes the line.
 class MCUSERVICE_EXPORT LogLine {
     template <typename Type>
     static constexpr bool isNumber =
@@ -74,7 +74,7 @@ public:
     ~LogLine();
     Q_DISABLE_COPY_MOVE(LogLine)
 
-    /// Adds an item. The line stays an rvalue, so that an operator template of an application, for
+    /// Adds an item. An rvalue comes back, so that an operator template of an application, for
     /// streams of any type, is instantiated for QDebug only.
     ///@{
     LogLine &&operator<<(const char *text);
