@@ -31,7 +31,7 @@ bool dispatch(const Command<Handlers> (&table)[Rows], Handlers handlers, const Q
         }
     }
     if (isDebugLogged())
-        debugLine(caller) << did;
+        LogLine(QtDebugMsg, caller) << did;
     return false;
 }
 

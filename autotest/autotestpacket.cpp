@@ -25,7 +25,7 @@ quint8 sumOf(const char *from, const char *end)
 Q_NEVER_INLINE bool mismatch(const CallSite &caller, quint8 received, quint8 computed)
 {
     if (isCriticalLogged())
-        criticalLine(caller) << received << computed;
+        LogLine(QtCriticalMsg, caller) << received << computed;
     return false;
 }
 
@@ -92,7 +92,7 @@ void ReceiveBuffer::makeRoom(std::size_t more)
 
 void ReceiveBuffer::logMissing(const CallSite &caller) const
 {
-    QDebug line = debugLine(caller);
+    LogLine line(QtDebugMsg, caller);
     line << size();
     if (size() > 3)
         line << packetSize() << quint8(m_begin[lengthOffset]);

@@ -129,8 +129,9 @@ struct WriteRequests {
     {
         // Kept: log filters match the line by this name.
         if (isDebugLogged())
-            debugLine({__FILE__, __LINE__,
-                       "void mcu::AutoTestHandler::parse_ATW_SET_SWC_ADAPTER(const QByteArray&)"})
+            LogLine(QtDebugMsg,
+                    {__FILE__, __LINE__,
+                     "void mcu::AutoTestHandler::parse_ATW_SET_SWC_ADAPTER(const QByteArray&)"})
                 << payloadByte(packet, 0);
         Q_EMIT test->setSWCAdapter(payloadByte(packet, 0));
     }

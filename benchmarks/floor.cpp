@@ -1,9 +1,13 @@
-// The floor for two reports and for broadcast text. The relay is a connection without code.
+// The floor for two reports, for broadcast text and for a log line. The relay is a connection
+// without code.
 #include "floor.h"
 
 #include "radiostringconnver.h"
 
 #include <cstring>
+
+#include <sys/syscall.h>
+#include <unistd.h>
 
 void Floor::init()
 {
@@ -73,4 +77,10 @@ QString Floor::convertFromEBU(const char *data, int len)
     if (below & 0x8080808080808080)
         text.remove(QChar::Null);
     return text;
+}
+
+QDebug Floor::debugLine(const CallSite &site)
+{
+    return QMessageLogger(site.file, site.line, site.function, "default").debug()
+           << "[DBG]" << qlonglong(syscall(SYS_gettid)) << site.function << site.line << "--";
 }

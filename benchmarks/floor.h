@@ -1,8 +1,10 @@
 // The floor: the minimum of work, written by hand with the names of the library, that the library
 // is compared with. For a report: store the bytes, copy them into one byte array, emit it. For a
 // command: call the link. For broadcast text: eight bytes at a time into a text of the right size.
+// For a log line: all items streamed into a QDebug.
 #pragma once
 
+#include "debug.h"
 #include "mcusrv.h"
 
 #include <QByteArray>
@@ -24,6 +26,7 @@ public:
         m_link->set_amb_data(a, b, c, d, e, f, g, h, i, j, k, l, m, n);
     }
     static QString convertFromEBU(const char *data, int len);
+    static QDebug debugLine(const CallSite &site);
 
 Q_SIGNALS:
     void syncACInforUpdate(QByteArray air_infor);

@@ -1,4 +1,5 @@
-// Measures the cost of a report, a command and a text in the library and in the floor, in one run.
+// Measures the cost of a report, a command, a text and a log line in the library and in the floor,
+// in one run.
 //
 //     mcubench            measures times with Google Benchmark and takes its options
 //     mcubench --count    writes one callgrind dump per row, named SERVICE/ROW
@@ -72,6 +73,7 @@ struct Row {
     void (*floor)(Floor &);
     void (*library)(McuService &);
     int receivers;
+    bool isLogged = false; ///< with debug output on
 
     void operator()(Floor &service) const { floor(service); }
     void operator()(McuService &service) const { library(service); }
@@ -84,12 +86,25 @@ constexpr Row alike(const char *name, Act act, int receivers)
     return {name, act, act, receivers};
 }
 
+/// A row of one log line, with the same items for the floor and the library.
+template <typename Act>
+constexpr Row logged(const char *name, Act act)
+{
+    return {name, act, act, 0, true};
+}
+
+constexpr CallSite site{"service/mcustate.cpp", 175,
+                        "void mcu::McuService::onStwAdcValueChanged(int)"};
+QDebug line(Floor &) { return Floor::debugLine(site); }
+mcu::LogLine line(McuService &) { return mcu::LogLine(QtDebugMsg, site); }
+
 McuSrv *link() { return McuSrv::instance(); }
 
 /// Clears the link's log of commands, so that memory does not grow from call to call.
 void forget() { substitute::link::log().clear(); }
 
 const QString version = QStringLiteral("APP 5.3.1");
+const QByteArray record(15, '\x4a');
 const QByteArray broadcast = QByteArray("Radio \x82ire 102,4").repeated(256);
 
 template <int Length>
@@ -142,6 +157,11 @@ const Row rows[] = {
     text<64>("text of 64"),
     text<128>("text of 128"),
     text<4096>("text of 4096"),
+    logged("line", [](auto &service) { line(service); }),
+    logged("line, int", [](auto &service) { line(service) << 42; }),
+    logged("line, text, int", [](auto &service) { line(service) << "channel=" << 42; }),
+    logged("line, record",
+           [](auto &service) { line(service) << "!qrk#---ac_infor---" << record.toHex(); }),
 };
 
 constexpr Row silencedLogs[]{
@@ -155,6 +175,45 @@ constexpr Row silencedLogs[]{
         },
         0),
 };
+
+/// Switches debug output off, or on for a row that logs, into the handler.
+void setLogging(const Row &row, QtMessageHandler handler)
+{
+    QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, row.isLogged);
+    qInstallMessageHandler(row.isLogged ? handler : nullptr);
+}
+
+void dropLine(QtMsgType, const QMessageLogContext &, const QString &) {}
+
+/// The log line of a row with all of its context.
+template <typename Service>
+QString writtenLine(const Row &row)
+{
+    static QString written;
+    qSetMessagePattern(
+        QStringLiteral("%{type} %{category} %{file} %{line} %{function} %{threadid} %{message}"));
+    Service service;
+    setLogging(row, [](QtMsgType type, const QMessageLogContext &context, const QString &text) {
+        written = qFormatLogMessage(type, context, text);
+    });
+    row(service);
+    setLogging(row, dropLine);
+    return written;
+}
+
+/// Says for which rows the floor and the library log different lines, and returns their number.
+int differentLines()
+{
+    int different = 0;
+    for (const Row &row : rows) {
+        if (row.isLogged && (writtenLine<Floor>(row) != writtenLine<McuService>(row) ||
+                             writtenLine<Floor>(row).isEmpty())) {
+            std::fprintf(stderr, "different lines: %s\n", row.name);
+            ++different;
+        }
+    }
+    return different;
+}
 
 /// Calls the function for each row and service, with the name "SERVICE/ROW".
 template <typename Measure>
@@ -175,6 +234,7 @@ struct Time {
         benchmark::RegisterBenchmark(name.c_str(), [row](benchmark::State &state) {
             Service service;
             Stand stand(service, row.receivers);
+            setLogging(row, dropLine);
             for (auto iteration : state) {
                 benchmark::DoNotOptimize(iteration);
                 row(stand.service());
@@ -189,6 +249,7 @@ struct Count {
     {
         Service service;
         Stand stand(service, row.receivers);
+        setLogging(row, dropLine);
         countActs(name, countedActs, [&] { row(stand.service()); });
     }
 };
@@ -280,6 +341,8 @@ int main(int argc, char **argv)
     QLoggingCategory::defaultCategory()->setEnabled(QtDebugMsg, false);
     const QStringList arguments = application.arguments();
     if (arguments.value(1) == QLatin1String("--count")) {
+        if (differentLines() != 0)
+            return 1;
         forEachRow(Count());
     } else if (arguments.value(1) == QLatin1String("--count-application")) {
         countApplication(arguments.value(2).toStdString());

@@ -185,7 +185,7 @@ void McuService::onsetEcuEdition(QString sw_edition, QString hw_edition)
 
 void McuServicePrivate::dump(const CallSite &slot, const char *tag, const QByteArray &image)
 {
-    debugLine(slot) << tag << image.toHex();
+    LogLine(QtDebugMsg, slot) << tag << image.toHex();
 }
 
 void McuServicePrivate::markReady(const Readiness &readiness)

@@ -166,7 +166,7 @@ bool McuService::init()
 {
     // Kept: log filters match this line by a signature with the result type void.
     if (isDebugLogged())
-        debugLine({__FILE__, __LINE__, "void mcu::McuService::init()"});
+        LogLine(QtDebugMsg, {__FILE__, __LINE__, "void mcu::McuService::init()"});
     return connectService();
 }
 

@@ -5,6 +5,7 @@
 
 #include <QRegularExpression>
 
+#include <limits>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <thread>
@@ -26,6 +27,19 @@ QStringList texts(LogCapture &log)
         found.append(QString(line.text).replace(thisThread() + ' ', "<tid> "));
     return found;
 }
+
+/// A position, which an application writes to streams of any type.
+struct Position {
+    int x, y;
+};
+
+template <typename Stream>
+Stream &operator<<(Stream &stream, const Position &position)
+{
+    return stream << position.x << position.y, stream;
+}
+
+enum Plain { Five = 5 };
 
 /// The times that the monotonic clock returns in turn; every call is logged.
 QVector<timespec> readings;
@@ -78,6 +92,69 @@ private Q_SLOTS:
         QCOMPARE(lines[0].file, QString("service/mcunotifications.cpp"));
         QCOMPARE(lines[0].function, QString("void mcu::McuService::notifyDabMcuRequest(int, int)"));
         QCOMPARE(lines[1].function, QString("void mcu::McuService::init()"));
+    }
+
+    /// A line has the bytes that a QDebug writes which gets all items one by one.
+    void itemsAreThoseOfQDebug()
+    {
+        LogCapture log;
+        const CallSite site{"a/file.cpp", -7, "void f(\"\xc3\xa9\", char)"};
+        const auto all = [&site](QDebug stream) {
+            return stream << "[DBG]" << qlonglong(syscall(SYS_gettid)) << site.function << site.line
+                          << "--";
+        };
+        const auto sameLines = [&](auto write) {
+            write(all(QMessageLogger(site.file, site.line, site.function, "default").debug()));
+            write(mcu::LogLine(QtDebugMsg, site));
+            write(debugLine(site));
+            const QVector<LogLine> lines = log.take();
+            QCOMPARE(lines.size(), 3);
+            for (const LogLine &line : lines) {
+                QCOMPARE(line.text, lines[0].text);
+                QCOMPARE(line.category + ' ' + line.file, QString("default a/file.cpp"));
+                QCOMPARE(line.function, QString(site.function));
+                QCOMPARE(line.line, -7);
+                QCOMPARE(line.type, QtDebugMsg);
+            }
+        };
+        const auto same = [&](const auto &...items) {
+            sameLines([&](auto &&line) { (line << ... << items); });
+        };
+        const char *none = nullptr;
+        char buffer[] = "buffer";
+        const QByteArray zero("a\0b", 3);
+        same("");
+        same("end ");
+        same("a", "", "\t\"\\\n", "\xc3\xa9", none, buffer);
+        same("\xff", "\xef\xbb\xbf mark", "cut \xe2\x82", 1);
+        same(QString(), QString(""), QString("all ~"), QString("\"q\" \\ \n\x7f \u00e9 \u20ac"),
+             "x");
+        same(QString(QChar(0xd800)), QString("a\0b").append(QChar(0)), QString(999, 'x'), 1);
+        same(QByteArray(), QByteArray("0aff"), QByteArray("\"\\\n\xc3\x61"), zero, true, false);
+        same(std::numeric_limits<qint64>::min(), std::numeric_limits<quint64>::max(), 0, qint8(-1),
+             quint8(255), short(-2), quint16(3), 4u, 5l, 6ul, L'7');
+        same('c', u'c', U'c', 1.5f, -0.1, nullptr, static_cast<void *>(buffer), QChar('c'), 3);
+        same(QList<int>{1, 2}, "text", Five, QtCriticalMsg, QLatin1String("l\"1"), QString("s"));
+        same(1, Qt::hex, 255, Qt::dec, "x", 255, QString("a") + "b");
+        same("x", Position{1, 2}, "y");
+        sameLines([](auto &&line) { line.nospace() << 1 << "a" << QString("b") << ' '; });
+        sameLines([](auto &&line) { line.noquote() << QString("b") << QByteArray("c") << "d"; });
+        sameLines([](auto &&line) { line.space() << 1; });
+        sameLines([](auto &&line) { line.maybeSpace() << 1; });
+        sameLines([](auto &&line) { line.quote().maybeQuote() << 1; });
+        sameLines([](auto &&line) { line.maybeQuote('\'') << 1; });
+        sameLines([](auto &&line) { line.verbosity(7).resetFormat() << 1; });
+
+        criticalLine(site) << QString("q");
+        mcu::LogLine(QtCriticalMsg, site) << QString("q");
+        mcu::LogLine(QtCriticalMsg, site).nospace() << QString("q") << ' ';
+        const QVector<LogLine> lines = log.take();
+        QCOMPARE(lines.size(), 3);
+        for (const LogLine &line : lines) {
+            QCOMPARE(line.text.trimmed(), lines[0].text);
+            QVERIFY(line.text.startsWith("[ERR] "));
+            QCOMPARE(line.type, QtCriticalMsg);
+        }
     }
 
     void threadIdIsTheKernels()

@@ -23,7 +23,7 @@ bool changes(Value &last, Value value, const CallSite &site)
     if (last == value)
         return false;
     if (isDebugLogged())
-        debugLine(site) << value;
+        mcu::LogLine(QtDebugMsg, site) << value;
     last = value;
     return true;
 }
