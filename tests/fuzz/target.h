@@ -19,14 +19,24 @@ inline QByteArray bytesOf(const quint8 *data, std::size_t size)
     return QByteArray::fromRawData(reinterpret_cast<const char *>(data), int(size));
 }
 
-/// Ends the program when something does not hold.
-inline void expect(bool holds, const char *what, const QString &details = {})
+[[noreturn]] inline void fail(const char *what, const QString &details)
 {
-    if (holds)
-        return;
     std::printf("not so: %s: %s\n", what, qPrintable(details));
     std::fflush(stdout);
     std::abort();
+}
+
+/// Ends the program when something does not hold.
+inline void expect(bool holds, const char *what, const QString &details)
+{
+    if (!holds)
+        fail(what, details);
+}
+
+inline void expect(bool holds, const char *what)
+{
+    if (!holds)
+        fail(what, {});
 }
 
 /// Log lines and what the library writes to standard error go nowhere.
