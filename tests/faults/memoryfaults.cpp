@@ -257,13 +257,13 @@ Outcome duringQueuedReports()
                 .arg(wrong)};
 }
 
-/// Memory runs out during a packet of the station, in one chunk or in two, and the answer to it.
-/// Each packet is longer than the ones before, so that no memory of those is enough.
+/// Memory runs out during a packet of the station, in one chunk or in two, and the answer to it. No
+/// memory of packets before is enough: each one is longer, and its last chunk has other bytes
+/// behind.
 Outcome duringPackets(int firstChunk)
 {
     const Application application;
     facade()->init();
-    Q_EMIT theLink()->autoTestStatusChanged(1);
     const auto answerTo = [](const QByteArray &packet) {
         substitute::link::log().clear();
         Q_EMIT theLink()->autoTestPkgChanged(packet);
@@ -280,7 +280,10 @@ Outcome duringPackets(int firstChunk)
     const int failures = forEachAllocation([&](int number, FailingMemory::Fails fails) {
         size += 5;
         const QByteArray packet = testkit::packet(0x22, 0x01, QByteArray(size, '\x01'));
-        const QByteArray chunks[]{packet.left(firstChunk), packet.mid(firstChunk)};
+        const QByteArray chunks[]{packet.left(firstChunk),
+                                  packet.mid(firstChunk) + QByteArray(3000, '\0')};
+        Q_EMIT theLink()->autoTestStatusChanged(0); // nothing waits from before
+        Q_EMIT theLink()->autoTestStatusChanged(1);
         const bool hasFailed = failing(number, fails, [&] {
             for (const QByteArray &chunk : chunks) {
                 try {
