@@ -11,11 +11,12 @@ constexpr char speakerSettingsFile[] = "/media/flash/nvm/factory/settings.ini";
 
 /// Speaker-level presets by their number 0..6: 1, then six levels, where 512 is neutral. Each
 /// source file has its own list, so that none depends on the order of initialisation.
-const QStringList speakerLevelPresets{
-    QStringLiteral("1,512,512,212,512,512,512"), QStringLiteral("1,512,512,312,512,512,512"),
-    QStringLiteral("1,512,512,412,512,512,512"), QStringLiteral("1,512,512,512,512,512,512"),
-    QStringLiteral("1,482,482,512,512,512,512"), QStringLiteral("1,452,452,512,512,512,512"),
-    QStringLiteral("1,412,412,512,512,512,512"),
-};
+const QStringList speakerLevelPresets // clazy:exclude=non-pod-global-static
+    {
+        QStringLiteral("1,512,512,212,512,512,512"), QStringLiteral("1,512,512,312,512,512,512"),
+        QStringLiteral("1,512,512,412,512,512,512"), QStringLiteral("1,512,512,512,512,512,512"),
+        QStringLiteral("1,482,482,512,512,512,512"), QStringLiteral("1,452,452,512,512,512,512"),
+        QStringLiteral("1,412,412,512,512,512,512"),
+    };
 
 } // namespace mcu

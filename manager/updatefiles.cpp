@@ -126,7 +126,8 @@ QString findOnAllMounts(const QString &mediaRoot, const QString &folder, const Q
 {
     // An empty key that is not null is in every path, so it selects all mounts.
     const QString key = forceSd || mountKey.isNull() ? sdMount : mountKey;
-    for (const QFileInfo &mount : mountsUnder(mediaRoot)) {
+    const QFileInfoList mounts = mountsUnder(mediaRoot);
+    for (const QFileInfo &mount : mounts) {
         if (!mount.absoluteFilePath().contains(key))
             continue;
         const QFileInfoList content = contentOf(mount);

@@ -632,9 +632,9 @@ Q_SIGNALS:
     void keyReleased(int key);
     /// A volume report; isMute is true exactly when the mute state is 1. Follows the form with the
     /// mute state.
-    void audioVolumeChanged(bool isMute, int level, int type);
+    void audioVolumeChanged(bool isMute, int level, int type); // clazy:exclude=overloaded-signal
     /// A volume report: mute state, level and type of sound, all codes of the MCU.
-    void audioVolumeChanged(int muteState, int level, int type);
+    void audioVolumeChanged(int muteState, int level, int type); // clazy:exclude=overloaded-signal
     /// A key report: state 0 is pressed, any other released. Keys are not stored.
     void keyEvent(int key, int state);
     /// The volume knob was turned.
