@@ -129,6 +129,8 @@ private Q_SLOTS:
         same("\xff", "\xef\xbb\xbf mark", "cut \xe2\x82", 1);
         same(QString(), QString(""), QString("all ~"), QString("\"q\" \\ \n\x7f \u00e9 \u20ac"),
              "x");
+        same(QString("one\"quote"), QString("one\\slash"), QString("one\x7f"), QString("one\t"));
+        same(QByteArray("one\"quote"), QByteArray("one\\slash"));
         same(QString(QChar(0xd800)), QString("a\0b").append(QChar(0)), QString(999, 'x'), 1);
         same(QByteArray(), QByteArray("0aff"), QByteArray("\"\\\n\xc3\x61"), zero, true, false);
         same(std::numeric_limits<qint64>::min(), std::numeric_limits<quint64>::max(), 0, qint8(-1),
