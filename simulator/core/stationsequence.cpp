@@ -18,7 +18,7 @@ QStringList texts(const QJsonObject &line, const char *key)
     QStringList found;
     if (value.isUndefined())
         return found;
-    for (const QJsonValue item : value.isArray() ? value.toArray() : QJsonArray{value}) {
+    for (const QJsonValue &item : value.isArray() ? value.toArray() : QJsonArray{value}) {
         if (!item.isString())
             refuseValue(line, key, "a text or an array of texts");
         found.append(item.toString());
@@ -76,7 +76,7 @@ QVector<QVariantList> keys(const Catalogue &names, const QJsonObject &line, cons
     const QJsonValue value = line.value(QLatin1String(key));
     const QJsonArray items = value.toArray();
     try {
-        for (const QJsonValue item : items)
+        for (const QJsonValue &item : items)
             events.append(names.read(Kind::Report, "keyEventSgl", item).values);
     } catch (const Refusal &) {
         events.clear();

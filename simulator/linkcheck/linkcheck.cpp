@@ -49,7 +49,8 @@ QStringList nearest(const QString &method, const QStringList &there)
     }
     if (!same.isEmpty())
         return same;
-    return similar.isEmpty() ? elsewhere.values().mid(0, 1) : similar.values().mid(0, 3);
+    const QStringList others = similar.isEmpty() ? elsewhere.values() : similar.values();
+    return others.mid(0, similar.isEmpty() ? 1 : 3);
 }
 
 class Check {
@@ -79,8 +80,9 @@ public:
     {
         checkLibraries();
         checkOperations();
-        for (const QByteArray &name : m_wants.connectedSignals.keys())
-            checkSignals(name);
+        const auto &classes = m_wants.connectedSignals;
+        for (auto row = classes.cbegin(); row != classes.cend(); ++row)
+            checkSignals(row.key());
         for (std::size_t i = 0; i < m_platform.given; ++i) {
             // What another processor has is not what this one needs.
             if (m_platform.all[i].processor == m_wants.library.processor)

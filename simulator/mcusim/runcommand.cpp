@@ -247,7 +247,8 @@ int runCommand(const QStringList &arguments)
     line.expectOperands(1, std::numeric_limits<int>::max(), "a program");
     if (line.isSet("platform") && line.value("platform") != "own")
         line.refuse("--platform expects own, got " + excerpt(line.value("platform")));
-    if (line.value("name").contains(QRegularExpression("[^A-Za-z0-9_-]")))
+    static const QRegularExpression otherLetters("[^A-Za-z0-9_-]");
+    if (line.value("name").contains(otherLetters))
         line.refuse("--name expects letters, digits, - and _, got " + excerpt(line.value("name")));
     for (const char *option : {"speed", "tolerance", "keep", "quiet", "junit"}) {
         if (line.isSet(option) && !line.isSet("play"))
