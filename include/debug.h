@@ -74,38 +74,40 @@ public:
     ~LogLine();
     Q_DISABLE_COPY_MOVE(LogLine)
 
-    /// Adds an item. An rvalue comes back, so that an operator template of an application, for
-    /// streams of any type, is instantiated for QDebug only.
-    ///@{
+    /// Adds a text in UTF-8, as it is. As from each item, an rvalue comes back, so that an operator
+    /// template of an application, for streams of any type, is instantiated for QDebug only.
     LogLine &&operator<<(const char *text);
+    /// Adds a text in quotes, with QDebug's escapes.
     LogLine &&operator<<(const QString &text);
+    /// Adds bytes in quotes, with QDebug's escapes.
     LogLine &&operator<<(const QByteArray &bytes);
+    /// Adds "true" or "false".
     LogLine &&operator<<(bool value);
+    /// Adds an integer, in decimal digits.
     template <typename Number, std::enable_if_t<isNumber<Number>, int> = 0>
     LogLine &&operator<<(Number number)
     {
         using Widest = std::conditional_t<std::is_signed_v<Number>, qlonglong, qulonglong>;
         return addNumber(Widest(number));
     }
+    /// Adds anything else that QDebug takes; a QDebug composes the line from here on.
     template <typename Item, std::enable_if_t<!isNumber<Item>, int> = 0>
     QDebug &operator<<(const Item &item)
     {
         stream() << item;
         return stream();
     }
-    ///@}
 
-    /// The functions of QDebug that a statement can begin with.
-    ///@{
-    QDebug &space() { return stream().space(); }
-    QDebug &nospace() { return stream().nospace(); }
-    QDebug &maybeSpace() { return stream().maybeSpace(); }
-    QDebug &quote() { return stream().quote(); }
-    QDebug &noquote() { return stream().noquote(); }
+    QDebug &space() { return stream().space(); }           ///< as QDebug::space()
+    QDebug &nospace() { return stream().nospace(); }       ///< as QDebug::nospace()
+    QDebug &maybeSpace() { return stream().maybeSpace(); } ///< as QDebug::maybeSpace()
+    QDebug &quote() { return stream().quote(); }           ///< as QDebug::quote()
+    QDebug &noquote() { return stream().noquote(); }       ///< as QDebug::noquote()
+    /// As QDebug::maybeQuote().
     QDebug &maybeQuote(char mark = '"') { return stream().maybeQuote(mark); }
+    /// As QDebug::verbosity().
     QDebug &verbosity(int level) { return stream().verbosity(level); }
-    QDebug &resetFormat() { return stream().resetFormat(); }
-    ///@}
+    QDebug &resetFormat() { return stream().resetFormat(); } ///< as QDebug::resetFormat()
 
     /// The QDebug that composes the line from now on. The line is written when its last copy ends.
     QDebug &stream();
