@@ -2,7 +2,7 @@
 // are mounted under one root. Only folders are read; no file is opened.
 #pragma once
 
-#include "logline_p.h"
+#include "debug.h"
 
 #include <QString>
 
