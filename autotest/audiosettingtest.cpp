@@ -66,7 +66,7 @@ void AutoTestHandlerPrivate::testAudioSettings(const QByteArray &request)
 void AutoTestHandler::setSubWooferStatus(int v)
 {
     const int stored = settings()->getSubwooferOnOff(1);
-    MCU_DEBUG << stored << v;
+    LOG_DEBUG << stored << v;
     const int on = v == 0 ? 1 : 0;
     settings()->setSubwooferOnOff(on, true);
     m_data->service->setSubwooferValue(on);
@@ -80,7 +80,7 @@ void AutoTestHandler::setSubWooferStatus(int v)
         const bool silent = channel == subwoofer && settings()->getSubwooferOnOff(1) == 0;
         const int level = silent ? 0 : settings()->getSpeakerLevelValue(type, channel, 0);
         levels.append(char(wrappingSum(level, neutral)));
-        MCU_DEBUG << "setSpeakerLevel :::::" << quint8(levels.back());
+        LOG_DEBUG << "setSpeakerLevel :::::" << quint8(levels.back());
     }
     m_data->service->setSpeakerLevel(levels);
 
@@ -96,7 +96,7 @@ void AutoTestHandler::setDemoModeStatus(int v)
     constexpr int demoOffEvent = 52;
     const bool stored =
         settings()->getSaver()->getValue(QStringLiteral("DemoOnOff"), speakerSettingsFile, false);
-    MCU_DEBUG << stored << v;
+    LOG_DEBUG << stored << v;
     // v is 0 for on, the stored value is 1 for on: if they are equal, the setting changes.
     if (int(stored) == v)
         settings()->setDemoOnOff(v == 0, true);
@@ -108,7 +108,7 @@ void AutoTestHandler::setLPFStatus(int v)
 {
     const int type = storedInt("CrossoverType");
     const int current = settings()->getHpfLpfOnOff(type, 0);
-    MCU_DEBUG << "onHPF_On_Off >>> " << type << current << v;
+    LOG_DEBUG << "onHPF_On_Off >>> " << type << current << v;
     if (current != v) // 0 is on for v and 1 for the setting, as above
         return;
     settings()->setHpfLpfOnOff(type, v == 0 ? 1 : 0, true);
@@ -117,9 +117,9 @@ void AutoTestHandler::setLPFStatus(int v)
     const int slope = settings()->getHpfLpfSlope(type, 0);
     const int on = settings()->getHpfLpfOnOff(type, 0);
     const int mode = storedInt("SpeakerMode");
-    MCU_DEBUG << ">>>>>>>>>" << type << value << slope << on;
+    LOG_DEBUG << ">>>>>>>>>" << type << value << slope << on;
     if (!applyFilter(m_data->service, type, mode, on != 0, value, slope))
-        MCU_DEBUG << "currAudio error:" << type;
+        LOG_DEBUG << "currAudio error:" << type;
 }
 
 } // namespace mcu

@@ -36,7 +36,7 @@ AutoTestHandler::~AutoTestHandler() = default;
 
 void AutoTestHandler::start()
 {
-    MCU_DEBUG << "start!!!";
+    LOG_DEBUG << "start!!!";
     if (m_data->inAutotestMode)
         return;
     m_data->inAutotestMode = 1;
@@ -46,7 +46,7 @@ void AutoTestHandler::start()
 
 void AutoTestHandler::stop()
 {
-    MCU_DEBUG << "stop!!!";
+    LOG_DEBUG << "stop!!!";
     m_data->inAutotestMode = 0;
     m_data->recvBuffer.clear();
     disconnect(m_data->service, SIGNAL(autoTestPkgChanged(QByteArray)), this,
@@ -79,15 +79,15 @@ bool AutoTestHandler::isInAutotestMode() { return m_data->inAutotestMode != 0; }
 
 void AutoTestHandler::onAutoTestPkgChanged(QByteArray data)
 {
-    MCU_DEBUG << data.toHex();
+    LOG_DEBUG << data.toHex();
     wire::ReceiveBuffer &buffer = m_data->recvBuffer;
     buffer.append(data);
     if (buffer.isEmpty()) {
-        MCU_DEBUG << "recv data 0.";
+        LOG_DEBUG << "recv data 0.";
         return;
     }
     if (!buffer.searchSyncId()) {
-        MCU_DEBUG << "not found sync id.";
+        LOG_DEBUG << "not found sync id.";
         return;
     }
     // Kept: one packet per chunk; stations wait for the answer before they send the next. Further
@@ -99,11 +99,11 @@ void AutoTestHandler::analysisData()
 {
     QByteArray &packet = m_data->packet;
     if (!m_data->recvBuffer.checkPackageIsEntire(packet)) {
-        MCU_DEBUG << "package is not entire.";
+        LOG_DEBUG << "package is not entire.";
         return;
     }
     if (!wire::verifiPackageCheckSum(packet.constData(), packet.size())) {
-        MCU_CRITICAL << "packet verification failed !!!" << packet.toHex();
+        LOG_CRITICAL << "packet verification failed !!!" << packet.toHex();
         packet.clear();
         return;
     }
@@ -115,7 +115,7 @@ void AutoTestHandler::parseDataCmd(const QByteArray &packet)
 {
     writeRaw("[AT]<<", packet);
     const int type = wire::byteAt(packet, wire::typeOffset);
-    MCU_DEBUG << type;
+    LOG_DEBUG << type;
     switch (type) {
     case wire::ReadRequest:
         parseReadData(packet);

@@ -4,7 +4,7 @@
 
 #include "autotesthandler.h"
 #include "autotestpacket_p.h"
-#include "debug.h"
+#include "logline_p.h"
 #include "mcuservice.h"
 #include "qxprivate_p.h"
 

@@ -1,7 +1,7 @@
 // Builds factory packets, verifies them and finds them in the received bytes.
 #include "autotestpacket_p.h"
 
-#include "debug.h"
+#include "logline_p.h"
 
 #include <algorithm>
 #include <cstring>

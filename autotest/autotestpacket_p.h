@@ -6,7 +6,7 @@
 //                 payload + 2                            sum of the bytes from the length on is 0
 #pragma once
 
-#include "debug.h"
+#include "logline_p.h"
 
 #include <QByteArray>
 

@@ -68,7 +68,7 @@ void AutoTestHandler::onTimerOut() { onHuKeyHandle(m_pressedKey, Held, PanelKey)
 
 void AutoTestHandler::onHuKeyHandle(int key, int state, int kind)
 {
-    MCU_DEBUG << key << state;
+    LOG_DEBUG << key << state;
     if (!m_data->keyDetect)
         return;
     switch (kind) {
@@ -77,11 +77,11 @@ void AutoTestHandler::onHuKeyHandle(int key, int state, int kind)
         break;
     case PanelKey:
         if (state != Pressed && state != Released && state != Held)
-            MCU_DEBUG << "wrong state";
+            LOG_DEBUG << "wrong state";
         reportPanelKey(key, state);
         break;
     default:
-        MCU_DEBUG << "wrong kind";
+        LOG_DEBUG << "wrong kind";
     }
 }
 

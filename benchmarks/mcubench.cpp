@@ -10,8 +10,8 @@
 #include "counting.h"
 #include "floor.h"
 
-#include "debug.h"
 #include "linksubstitute.h"
+#include "logline_p.h"
 #include "mcuservice.h"
 #include "mcusrv.h"
 #include "radiostringconnver.h"
@@ -166,12 +166,12 @@ const Row rows[] = {
 
 constexpr Row silencedLogs[]{
     alike(
-        "silenced log", [](auto &) { MCU_DEBUG << "level" << 5; }, 0),
+        "silenced log", [](auto &) { LOG_DEBUG << "level" << 5; }, 0),
     alike(
         "silenced logs",
         [](auto &) {
-            MCU_DEBUG << "level" << 5;
-            MCU_DEBUG << "level" << 6;
+            LOG_DEBUG << "level" << 5;
+            LOG_DEBUG << "level" << 6;
         },
         0),
 };

@@ -1,5 +1,5 @@
 // Writes the items before the text of a log line, and the three lines of the scope tracer.
-#include "debug.h"
+#include "logline_p.h"
 
 #include <algorithm>
 
@@ -79,7 +79,7 @@ LogLine::~LogLine()
         qt_message_output(m_type, m_context, m_text);
 }
 
-LogLine &&LogLine::operator<<(const char *text)
+LogLine &LogLine::operator<<(const char *text)
 {
     const int length = int(qstrlen(text));
     m_text.append(QLatin1Char(' '));
@@ -87,19 +87,19 @@ LogLine &&LogLine::operator<<(const char *text)
         m_text.append(QLatin1String(text, length));
     else
         m_text.append(QString::fromUtf8(text, length));
-    return std::move(*this);
+    return *this;
 }
 
-LogLine &&LogLine::operator<<(const QString &text)
+LogLine &LogLine::operator<<(const QString &text)
 {
     if (isPlain(QStringView(text).utf16(), text.size()))
         m_text.append(QLatin1String(" \"")).append(text).append(QLatin1Char('"'));
     else
         m_text.append(QLatin1Char(' ')).append(quoted(text));
-    return std::move(*this);
+    return *this;
 }
 
-LogLine &&LogLine::operator<<(const QByteArray &bytes)
+LogLine &LogLine::operator<<(const QByteArray &bytes)
 {
     if (isPlain(bytes.constData(), bytes.size()))
         m_text.append(QLatin1String(" \""))
@@ -107,28 +107,28 @@ LogLine &&LogLine::operator<<(const QByteArray &bytes)
             .append(QLatin1Char('"'));
     else
         m_text.append(QLatin1Char(' ')).append(quoted(bytes));
-    return std::move(*this);
+    return *this;
 }
 
-LogLine &&LogLine::operator<<(bool value)
+LogLine &LogLine::operator<<(bool value)
 {
     m_text.append(QLatin1String(value ? " true" : " false"));
-    return std::move(*this);
+    return *this;
 }
 
-LogLine &&LogLine::addNumber(qlonglong number)
+LogLine &LogLine::addNumber(qlonglong number)
 {
     if (number < 0) // the least number has no opposite
         appendNumber(m_text, qulonglong(-(number + 1)) + 1, true);
     else
         appendNumber(m_text, qulonglong(number), false);
-    return std::move(*this);
+    return *this;
 }
 
-LogLine &&LogLine::addNumber(qulonglong number)
+LogLine &LogLine::addNumber(qulonglong number)
 {
     appendNumber(m_text, number, false);
-    return std::move(*this);
+    return *this;
 }
 
 QDebug &LogLine::stream()

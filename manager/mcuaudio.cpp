@@ -9,7 +9,7 @@
 
 #include "audioarbitration_p.h"
 #include "callon_p.h"
-#include "debug.h"
+#include "logline_p.h"
 #include "mcuservice.h"
 
 #include "audioservice.h"
@@ -34,13 +34,13 @@ constexpr char duckMarker[] = "~~~~~~~~~~~~~~~~~~~~~~~"; ///< Kept: log filters 
 void McuManager::updateAudioChannel(McuManager::AudioChannel channel)
 {
     if (m_carplayAlert) {
-        MCU_DEBUG << "switch channel at alert!";
+        LOG_DEBUG << "switch channel at alert!";
         m_audioChannel = channel;
         return;
     }
     if (!m_service)
         return;
-    MCU_DEBUG << "channel=" << channel;
+    LOG_DEBUG << "channel=" << channel;
     Q_EMIT audioChannel(channel);
     m_audioChannel = channel;
     m_service->updateAudioChannel(channel);
@@ -61,7 +61,7 @@ void McuManager::onCarplayAlertStop()
 int McuManager::audioStatus()
 {
     const int status = m_audioStatus;
-    MCU_DEBUG << status;
+    LOG_DEBUG << status;
     return status;
 }
 
@@ -80,17 +80,17 @@ void McuManager::updateAudioStatus(McuManager::AudioStatus status)
         // An existing record stays: only the first event of a run is recorded.
         if (m_restoreMuteOfEvtOff == arbitration::NothingRecorded) {
             const bool muted = audio->isMainAudioMute(audio->muteState());
-            MCU_DEBUG << muted;
+            LOG_DEBUG << muted;
             m_restoreMuteOfEvtOff = arbitration::recordOf(muted);
-            MCU_DEBUG << "m_restoreMuteOfEvtOff is" << m_restoreMuteOfEvtOff;
-            MCU_DEBUG << (muted ? "need restore mute" : "need restore demute");
+            LOG_DEBUG << "m_restoreMuteOfEvtOff is" << m_restoreMuteOfEvtOff;
+            LOG_DEBUG << (muted ? "need restore mute" : "need restore demute");
         }
         if (m_atttoreMuteOfEvtOff == arbitration::NothingRecorded) {
             const int attenuation = audio->getAttState();
-            MCU_DEBUG << attenuation;
+            LOG_DEBUG << attenuation;
             m_atttoreMuteOfEvtOff = arbitration::recordOf(attenuation != 0);
-            MCU_DEBUG << "m_atttoreMuteOfEvtOff is" << m_atttoreMuteOfEvtOff;
-            MCU_DEBUG << (attenuation != 0 ? "need restore att" : "need restore deAtt");
+            LOG_DEBUG << "m_atttoreMuteOfEvtOff is" << m_atttoreMuteOfEvtOff;
+            LOG_DEBUG << (attenuation != 0 ? "need restore att" : "need restore deAtt");
         }
         instance()->setAudioMute2(true, switchMute);
         audio->Att20DB(false);
@@ -109,7 +109,7 @@ void McuManager::updateAudioStatus(McuManager::AudioStatus status)
         break;
     }
 
-    MCU_DEBUG << "**updateAudio****" << m_audioStatus;
+    LOG_DEBUG << "**updateAudio****" << m_audioStatus;
     m_service->updateAudioStatus(m_audioStatus);
     m_lastAudioStatus = status;
 }
@@ -117,7 +117,7 @@ void McuManager::updateAudioStatus(McuManager::AudioStatus status)
 bool McuManager::isContainAudioInterrupt()
 {
     const QList<int> events = AudioService::instance()->eventStates();
-    MCU_DEBUG << events;
+    LOG_DEBUG << events;
     return arbitration::containsInterrupt(events);
 }
 
@@ -126,31 +126,31 @@ void McuManager::checkEventOffRestoreMute()
     AudioService *audio = AudioService::instance();
     disconnect(audio, SIGNAL(eventStateChanged()), this, SLOT(onEventStateChanged()));
     if (isContainAudioInterrupt()) { // -> waiting
-        MCU_DEBUG << "wait for the end of the audio events";
+        LOG_DEBUG << "wait for the end of the audio events";
         connect(audio, SIGNAL(eventStateChanged()), this, SLOT(onEventStateChanged()));
         return;
     }
 
     // -> restoring. Kept: restoring the attenuation cancels the restore of the mute, and the
     // attenuation is switched off if the mute record says off; audio applications rely on both.
-    MCU_DEBUG << m_atttoreMuteOfEvtOff;
+    LOG_DEBUG << m_atttoreMuteOfEvtOff;
     if (m_atttoreMuteOfEvtOff == arbitration::RestoreOn) {
-        MCU_DEBUG << "restore att";
+        LOG_DEBUG << "restore att";
         instance()->setAudioMute2(true, switchMute);
         audio->Att20DB(true);
         m_restoreMuteOfEvtOff = arbitration::NothingRecorded;
     } else if (m_restoreMuteOfEvtOff == arbitration::RestoreOff) {
-        MCU_DEBUG << "restore deAtt";
+        LOG_DEBUG << "restore deAtt";
         audio->Att20DB(false);
     }
 
-    MCU_DEBUG << m_restoreMuteOfEvtOff;
+    LOG_DEBUG << m_restoreMuteOfEvtOff;
     if (m_restoreMuteOfEvtOff == arbitration::RestoreOn) {
-        MCU_DEBUG << "restore mute";
+        LOG_DEBUG << "restore mute";
         instance()->setAudioMute2(true, switchMute);
         audio->setMainAudioMute(true);
     } else if (m_restoreMuteOfEvtOff == arbitration::RestoreOff) {
-        MCU_DEBUG << "restore demute";
+        LOG_DEBUG << "restore demute";
         audio->setMainAudioMute(false);
     }
     QMetaObject::invokeMethod(&m_dlyEndRestoreMuteTmr, "start", Qt::QueuedConnection);
@@ -160,7 +160,7 @@ void McuManager::onEventStateChanged()
 {
     // The wait lasts while any event is active, interrupting or not.
     const bool noEvent = AudioService::instance()->eventStates().isEmpty();
-    MCU_DEBUG << noEvent;
+    LOG_DEBUG << noEvent;
     if (noEvent)
         checkEventOffRestoreMute();
 }
@@ -169,13 +169,13 @@ void McuManager::onDlyEndRestoreMuteTmrout() // restoring -> idle
 {
     m_restoreMuteOfEvtOff = arbitration::NothingRecorded;
     m_atttoreMuteOfEvtOff = arbitration::NothingRecorded;
-    MCU_DEBUG << "m_restoreMuteOfEvtOff is" << m_restoreMuteOfEvtOff << m_atttoreMuteOfEvtOff;
+    LOG_DEBUG << "m_restoreMuteOfEvtOff is" << m_restoreMuteOfEvtOff << m_atttoreMuteOfEvtOff;
 }
 
 void McuManager::onDlyUptPheEndTmrout()
 {
     m_phoneEndPending = false;
-    MCU_DEBUG << m_pendingAtt << m_cpConnected << m_mainMuted;
+    LOG_DEBUG << m_pendingAtt << m_cpConnected << m_mainMuted;
     if (m_pendingAtt) {
         m_pendingAtt = false;
         if (!m_mainMuted)
@@ -183,7 +183,7 @@ void McuManager::onDlyUptPheEndTmrout()
     } else if (m_mainMuted) {
         triggerAtt(0);
     }
-    MCU_DEBUG << m_pendingMute;
+    LOG_DEBUG << m_pendingMute;
     if (m_pendingMute)
         setAudioMute(true);
 }
@@ -192,14 +192,14 @@ void McuManager::onDlyUptPheEndTmrout()
 
 void McuManager::duckAudio(int type, int level)
 {
-    MCU_DEBUG << duckMarker << type << level;
+    LOG_DEBUG << duckMarker << type << level;
     m_isDucking = true;
     callOn(m_service, &McuService::duckAudio, type, level);
 }
 
 void McuManager::unduckAudio(int type)
 {
-    MCU_DEBUG << duckMarker << type;
+    LOG_DEBUG << duckMarker << type;
     m_isDucking = false;
     // Serialised with updateAudioStatus().
     const QMutexLocker lock(&m_mutex);

@@ -3,7 +3,7 @@
 #include "mcumanager.h"
 
 #include "callon_p.h"
-#include "debug.h"
+#include "logline_p.h"
 #include "mcuservice.h"
 #include "mediarecords_p.h"
 #include "updatefiles_p.h"
@@ -49,8 +49,8 @@ McuManager *McuManager::instance()
 McuManager::McuManager(McuService *service) : m_service(service)
 {
     // Kept: the labels do not match the versions; tools read the lines by them.
-    MCU_DEBUG << "Hardware Version:" << mcuUserVersion();
-    MCU_DEBUG << "MCU Version:" << mcuTestVersion();
+    LOG_DEBUG << "Hardware Version:" << mcuUserVersion();
+    LOG_DEBUG << "MCU Version:" << mcuTestVersion();
     requestRadioInitData();
     if (m_service)
         connectRelays();
@@ -95,7 +95,7 @@ void McuManager::connectRelays()
 
 void McuManager::onVolumeChanged(int muteState, int vol, int type)
 {
-    MCU_DEBUG << muteState << vol;
+    LOG_DEBUG << muteState << vol;
     m_mainMuted = (muteState & 1) != 0;
     Q_EMIT volumeChanged();
     Q_EMIT audioVolumeChanged(muteState, vol, type);
@@ -268,25 +268,25 @@ void McuManager::notifyWheelStudyKey(int key)
 
 void McuManager::notifyWheelStudyMode()
 {
-    MCU_DEBUG << "swc study mode";
+    LOG_DEBUG << "swc study mode";
     callOn(m_service, &McuService::steeringWheelStudy);
 }
 
 void McuManager::notifyWheelTestMode()
 {
-    MCU_DEBUG << "swc test mode";
+    LOG_DEBUG << "swc test mode";
     callOn(m_service, &McuService::steeringWheelTest);
 }
 
 void McuManager::notifyWheelNormalMode()
 {
-    MCU_DEBUG << "swc normal mode";
+    LOG_DEBUG << "swc normal mode";
     callOn(m_service, &McuService::steeringWheelNormal);
 }
 
 void McuManager::notifyWheelAbandonMode()
 {
-    MCU_DEBUG << "swc abandon mode";
+    LOG_DEBUG << "swc abandon mode";
     callOn(m_service, &McuService::steeringWheelAbandon);
 }
 

@@ -77,7 +77,7 @@ QString findOnFirstMount(const QString &mediaRoot, const QString &folder, const 
 {
     const auto log = [&](const auto &...items) {
         if (isDebugLogged())
-            (LogLine(QtDebugMsg, caller) << ... << items);
+            (debugLine(caller) << ... << items);
     };
     const auto result = [&](const QString &path) {
         if (path.isEmpty())

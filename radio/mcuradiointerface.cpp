@@ -2,7 +2,7 @@
 #include "mcuradiointerface.h"
 
 #include "callon_p.h"
-#include "debug.h"
+#include "logline_p.h"
 
 #include "mcusrv.h"
 
@@ -48,7 +48,7 @@ void McuRadioInterface::tune(int freq)
     if (m_link)
         m_link->tune(freq);
     else
-        MCU_CRITICAL << "mcu_radio_tune: no radio interface.";
+        LOG_CRITICAL << "mcu_radio_tune: no radio interface.";
 }
 
 void McuRadioInterface::mute(bool val)
@@ -56,13 +56,13 @@ void McuRadioInterface::mute(bool val)
     if (m_link)
         m_link->mute(val);
     else
-        MCU_CRITICAL << "mcu_radio_tune: no radio interface."; // Kept: the text of tune(); log
+        LOG_CRITICAL << "mcu_radio_tune: no radio interface."; // Kept: the text of tune(); log
                                                                // filters match it
 }
 
 void McuRadioInterface::setRdsOnOff(bool state)
 {
-    MCU_DEBUG << "=============="; // Kept: log filters match the text
+    LOG_DEBUG << "=============="; // Kept: log filters match the text
     callOn(m_link, &McuSrv::setRdsOnOff, state);
 }
 
@@ -100,45 +100,45 @@ void McuRadioInterface::set_tuner_step(int step) { callOn(m_link, &McuSrv::set_t
 
 void McuRadioInterface::onPsNameNotify(QString text)
 {
-    MCU_DEBUG << text;
+    LOG_DEBUG << text;
     Q_EMIT psNameChanged(text);
 }
 
-void McuRadioInterface::onTunerStationNotify(int freq) { MCU_DEBUG << freq; }
+void McuRadioInterface::onTunerStationNotify(int freq) { LOG_DEBUG << freq; }
 
 void McuRadioInterface::onTunerPtyTypeNotify(int type)
 {
-    MCU_DEBUG << type;
+    LOG_DEBUG << type;
     Q_EMIT ptyTypeChanged(type);
 }
 
 void McuRadioInterface::onAlarmState(int state)
 {
-    MCU_DEBUG << state;
+    LOG_DEBUG << state;
     Q_EMIT alarmStatusChanged(state);
 }
 
 void McuRadioInterface::onTunerPtySearchResultNotify(int ret)
 {
-    MCU_DEBUG << ret;
+    LOG_DEBUG << ret;
     Q_EMIT ptySearchResult(ret);
 }
 
 void McuRadioInterface::onTunerRadioTextNotify(QString text)
 {
-    MCU_DEBUG << text;
+    LOG_DEBUG << text;
     Q_EMIT radioTextUpdate(text);
 }
 
 void McuRadioInterface::onTunerStereoNotify(int stereo)
 {
-    MCU_DEBUG << stereo;
+    LOG_DEBUG << stereo;
     Q_EMIT stereoChanged(stereo != 0);
 }
 
 void McuRadioInterface::onTunerTPStateNotify(int state)
 {
-    MCU_DEBUG << state;
+    LOG_DEBUG << state;
     Q_EMIT tpStateChanged(state != 0);
 }
 
@@ -146,20 +146,20 @@ void McuRadioInterface::onAsStationChanged(int freq) { Q_EMIT stationChanged(fre
 
 void McuRadioInterface::onAsStationFound(int freq, int smeter)
 {
-    MCU_DEBUG << freq << smeter;
+    LOG_DEBUG << freq << smeter;
     // Kept: the parameter names of the signal are swapped; applications rely on the position.
     Q_EMIT asStationFound(freq, smeter);
 }
 
 void McuRadioInterface::onTunerStateChanged(int state)
 {
-    MCU_DEBUG << "1111111111111111111111111111111" << state; // Kept: log filters match the text
+    LOG_DEBUG << "1111111111111111111111111111111" << state; // Kept: log filters match the text
     Q_EMIT tunerStateChanged(state);
 }
 
 void McuRadioInterface::onSimulateNewsState(bool state)
 {
-    MCU_DEBUG << state;
+    LOG_DEBUG << state;
     Q_EMIT simulateNewsStatusChanged(state);
 }
 

@@ -7,7 +7,7 @@
 #include "mcuservice.h"
 
 #include "callon_p.h"
-#include "debug.h"
+#include "logline_p.h"
 
 #include "mcusrv.h"
 #include "tunercontrol.h"
@@ -28,28 +28,28 @@ void McuService::SetVolume(int level) { callOn(m_link, &McuSrv::SetVolume, level
 
 void McuService::setMute(bool mute, int type)
 {
-    MCU_DEBUG << mute;
+    LOG_DEBUG << mute;
     if (!m_link)
         return;
-    MCU_DEBUG << mute;
+    LOG_DEBUG << mute;
     m_link->setMute(mute, type);
 }
 
 void McuService::setAudioMute(int mute, int type, int flag)
 {
-    MCU_DEBUG << mute;
+    LOG_DEBUG << mute;
     if (!m_link)
         return;
-    MCU_DEBUG << mute;
+    LOG_DEBUG << mute;
     m_link->setAudioMute(mute, type, flag);
 }
 
 void McuService::setAudioMute2(int mute, int type, int flag)
 {
-    MCU_DEBUG << mute;
+    LOG_DEBUG << mute;
     if (!m_link)
         return;
-    MCU_DEBUG << mute;
+    LOG_DEBUG << mute;
     m_link->setAudioMute2(mute, type, flag);
 }
 
@@ -111,7 +111,7 @@ void McuService::updateCPAAStatus(int status) { callOn(m_link, &McuSrv::updateCP
 
 void McuService::setMixChannel(unsigned char channels, unsigned char on)
 {
-    MCU_DEBUG << QStringLiteral("%1").arg(channels, 8, 2, QLatin1Char('0')) << on;
+    LOG_DEBUG << QStringLiteral("%1").arg(channels, 8, 2, QLatin1Char('0')) << on;
     m_link->setMixChannel(channels, on); // no null check, see above
 }
 
@@ -148,7 +148,7 @@ void McuService::setSleepAllMute(int on)
 {
     if (!m_link)
         return;
-    MCU_DEBUG << on;
+    LOG_DEBUG << on;
     m_link->set_UICMD_Sleep_All_Mute(on);
 }
 
@@ -193,7 +193,7 @@ void McuService::setHPFValue(int position, int freq, int slope)
 
 void McuService::setLPFValue(int freq, int slope)
 {
-    MCU_DEBUG << "====" << freq << slope; // Kept: log filters match the text
+    LOG_DEBUG << "====" << freq << slope; // Kept: log filters match the text
     callOn(m_link, &McuSrv::setLPFValue, freq, slope);
 }
 
@@ -322,7 +322,7 @@ void McuService::uiCmdPower() { callOn(m_link, &McuSrv::uiCmdPower); }
 
 void McuService::uiCmdReset()
 {
-    MCU_DEBUG << "ui cmd reset!!!";
+    LOG_DEBUG << "ui cmd reset!!!";
     callOn(m_link, &McuSrv::uiCmdReset);
 }
 
@@ -397,7 +397,7 @@ void McuService::setMeterClearDisplay(int value)
 {
     if (!m_link)
         return;
-    MCU_DEBUG << value;
+    LOG_DEBUG << value;
     m_link->set_UICMD_Meter_Clear_Display(value);
 }
 

@@ -2,8 +2,8 @@
 // of other components.
 #include "mcuservice.h"
 
-#include "debug.h"
 #include "factorytest_p.h"
+#include "logline_p.h"
 #include "mcuradiointerface.h"
 #include "mcuservice_p.h"
 
@@ -21,31 +21,31 @@ constexpr quint8 antennaAbnormal = 2;
 
 void McuService::notifyDabAntStatus(int status)
 {
-    MCU_DEBUG << status;
+    LOG_DEBUG << status;
     Q_EMIT dabAntStatusChanged(status);
 }
 
 void McuService::notifyDabToFmLinkStatus(int status)
 {
-    MCU_DEBUG << status;
+    LOG_DEBUG << status;
     Q_EMIT dabToFmLinkStatusChanged(status);
 }
 
 void McuService::notifyDabSelectFreq(int index)
 {
-    MCU_DEBUG << index;
+    LOG_DEBUG << index;
     Q_EMIT dabSelectFreq(index);
 }
 
 void McuService::notifyDabSelectService(int index)
 {
-    MCU_DEBUG << index;
+    LOG_DEBUG << index;
     Q_EMIT dabSelectService(index);
 }
 
 void McuService::notifyDabMcuRequest(int action, int arg)
 {
-    MCU_DEBUG << action << arg;
+    LOG_DEBUG << action << arg;
     Q_EMIT dabMcuRequestAction(action, arg);
 }
 
@@ -83,7 +83,7 @@ void McuService::onDabAntennaChanged(int status)
 
 void McuService::notifyAntennaStatus(unsigned char gps, unsigned char dab)
 {
-    MCU_DEBUG << gps << dab;
+    LOG_DEBUG << gps << dab;
     if (gps != m_data->gpsAntenna)
         onGpsAntennaChanged(gps);
     if (dab != m_data->dabAntenna)
@@ -121,7 +121,7 @@ void McuService::onAutoTestStatusChanged(int status) { notifyAutoTestStatus(stat
 
 void McuService::notifyAutoTestStatus(int status)
 {
-    MCU_DEBUG << status;
+    LOG_DEBUG << status;
     if (status == m_data->autoTestStatus)
         return;
     m_data->autoTestStatus = status;

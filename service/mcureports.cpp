@@ -76,7 +76,7 @@ void McuService::onReportFeatureVelroCodeChanged(QByteArray pkg)
 {
     m_data->featureCodePackage = pkg;
     // Kept: log filters match this text.
-    MCU_DEBUG << "TTTTTTTTT111111111---------------------------";
+    LOG_DEBUG << "TTTTTTTTT111111111---------------------------";
     Q_EMIT syncFeatureCodeInforUpdate(m_data->featureCodePackage);
 }
 
@@ -210,7 +210,7 @@ int McuServicePrivate::checkCmdUpdateToApp(int cmd)
     if (!held || hold.restarts)
         delay = hold.ticks;
     if (held)
-        MCU_DEBUG << cmd;
+        LOG_DEBUG << cmd;
     return held;
 }
 
@@ -220,16 +220,16 @@ void McuService::onCheckCanbusTmrDelay()
 
     // Kept: the AC counter is never set; it is for a rate limit of climate reports.
     if (expires(m_data->acDelay)) {
-        MCU_DEBUG << "syncACInforUpdate";
+        LOG_DEBUG << "syncACInforUpdate";
         Q_EMIT syncACInforUpdate(m_data->image<record::ac>());
     }
     if (expires(m_data->vehicleFaultDelay)) {
-        MCU_DEBUG << "syncVehicleFaultInforUpdate";
+        LOG_DEBUG << "syncVehicleFaultInforUpdate";
         Q_EMIT syncVehicleFaultInforUpdate(m_data->image<record::vehicleFault>());
     }
     if (expires(m_data->huDelay)) {
         const QByteArray image = m_data->image<record::hu>();
-        MCU_DEBUG << record::hu.dumpTag << image.toHex();
+        LOG_DEBUG << record::hu.dumpTag << image.toHex();
         Q_EMIT syncHuInforUpdate(image);
     }
 }
@@ -238,7 +238,7 @@ QByteArray McuService::getReportAVMDate()
 {
     // Kept: log filters read the work state from this line.
     constexpr std::size_t workState = 2; // number of the field
-    MCU_DEBUG << "\n " << m_data->records.of<record::avm>().value<workState>();
+    LOG_DEBUG << "\n " << m_data->records.of<record::avm>().value<workState>();
     return m_data->image<record::avm>();
 }
 

@@ -2,7 +2,7 @@
 // signal of the facade (a relay) or slot (which stores it first).
 #include "mcuservice.h"
 
-#include "debug.h"
+#include "logline_p.h"
 #include "mcuradiointerface.h"
 #include "mcuservice_p.h"
 

@@ -2,7 +2,7 @@
 // facade's thread uses them.
 #pragma once
 
-#include "debug.h"
+#include "logline_p.h"
 #include "qxprivate_p.h"
 #include "setupinfo.h"
 #include "vehiclerecords_p.h"

@@ -3,7 +3,7 @@
 #include "mcuservice.h"
 
 #include "callon_p.h"
-#include "debug.h"
+#include "logline_p.h"
 #include "mcuservice_p.h"
 #include "mcuvechiclebridge.h"
 
@@ -36,7 +36,7 @@ void McuService::onKeyEvent(int key, int state)
 {
     if (m_data->usbOverCurrent)
         Q_EMIT hideUsbOverPower();
-    MCU_DEBUG << "--------------------------------------" << key; // Kept: log filters match it
+    LOG_DEBUG << "--------------------------------------" << key; // Kept: log filters match it
     Q_EMIT keyEvent(key, state);
     if (state != 0)
         Q_EMIT keyReleased(key);
@@ -71,7 +71,7 @@ void McuService::onUsbPowerStatus(int status)
 
 void McuService::onTaillineState(int parking, int reverse, int headlight, int mute, int dspState)
 {
-    MCU_DEBUG << parking << reverse << headlight << mute << dspState;
+    LOG_DEBUG << parking << reverse << headlight << mute << dspState;
     updateTailLine(this, m_data->parking, parking, &McuService::parkingChanged);
     updateTailLine(this, m_data->reverse, reverse, &McuService::reverseChanged);
     updateTailLine(this, m_data->headlight, headlight, &McuService::headlightChanged);
@@ -110,7 +110,7 @@ void McuService::onSystemSnidChanged(QString snid)
 
 void McuService::onSetDest(int dest, int demo)
 {
-    MCU_DEBUG << dest << demo;
+    LOG_DEBUG << dest << demo;
     m_data->destCode = dest;
     m_data->demo = demo;
     Q_EMIT syncDestCode(dest);
@@ -172,7 +172,7 @@ void McuService::onStwAdcStatusChanged() { Q_EMIT stwAdcStatusChanged(); }
 
 void McuService::onStwAdcValueChanged(int value)
 {
-    MCU_DEBUG << value;
+    LOG_DEBUG << value;
     Q_EMIT stwAdcValueChanged(value);
 }
 

@@ -1,11 +1,12 @@
 // The log line and the scope tracer: items, context, times, and no output while debug is off.
-#include "debug.h"
+#include "logline_p.h"
 #include "mcuservice.h"
 #include "testkit.h"
 
 #include <QRegularExpression>
 
 #include <limits>
+#include <string>
 #include <sys/syscall.h>
 #include <sys/wait.h>
 #include <thread>
@@ -28,16 +29,15 @@ QStringList texts(LogCapture &log)
     return found;
 }
 
-/// A position, which an application writes to streams of any type.
+/// An application's operator for a type of another library: only the place of the call finds it.
+QDebug operator<<(QDebug stream, const std::string &text) { return stream << text.size(); }
+
+/// A type whose operator takes it as a variable.
 struct Position {
     int x, y;
 };
 
-template <typename Stream>
-Stream &operator<<(Stream &stream, const Position &position)
-{
-    return stream << position.x << position.y, stream;
-}
+QDebug operator<<(QDebug stream, Position &position) { return stream << position.x << position.y; }
 
 enum Plain { Five = 5 };
 
@@ -98,17 +98,14 @@ private Q_SLOTS:
     void itemsAreThoseOfQDebug()
     {
         LogCapture log;
-        const CallSite site{"a/file.cpp", -7, "void f(\"\xc3\xa9\", char)"};
-        const auto all = [&site](QDebug stream) {
+        static constexpr CallSite site{"a/file.cpp", -7, "void f(\"\xc3\xa9\", char)"};
+        const auto all = [](QDebug stream) {
             return stream << "[DBG]" << qlonglong(syscall(SYS_gettid)) << site.function << site.line
                           << "--";
         };
-        const auto sameLines = [&](auto write) {
-            write(all(QMessageLogger(site.file, site.line, site.function, "default").debug()));
-            write(mcu::LogLine(QtDebugMsg, site));
-            write(debugLine(site));
+        const auto sameLines = [&log](int count) {
             const QVector<LogLine> lines = log.take();
-            QCOMPARE(lines.size(), 3);
+            QCOMPARE(lines.size(), count);
             for (const LogLine &line : lines) {
                 QCOMPARE(line.text, lines[0].text);
                 QCOMPARE(line.category + ' ' + line.file, QString("default a/file.cpp"));
@@ -117,8 +114,17 @@ private Q_SLOTS:
                 QCOMPARE(line.type, QtDebugMsg);
             }
         };
+        const QMessageLogger logger(site.file, site.line, site.function, "default");
         const auto same = [&](const auto &...items) {
-            sameLines([&](auto &&line) { (line << ... << items); });
+            (all(logger.debug()) << ... << items);
+            (debugLine(site) << ... << items);
+            (mcu::LogLine(QtDebugMsg, site) << ... << items);
+            sameLines(3);
+        };
+        const auto sameStreams = [&](auto write) {
+            write(all(logger.debug()));
+            write(debugLine(site));
+            sameLines(2);
         };
         const char *none = nullptr;
         char buffer[] = "buffer";
@@ -138,25 +144,32 @@ private Q_SLOTS:
         same('c', u'c', U'c', 1.5f, -0.1, nullptr, static_cast<void *>(buffer), QChar('c'), 3);
         same(QList<int>{1, 2}, "text", Five, QtCriticalMsg, QLatin1String("l\"1"), QString("s"));
         same(1, Qt::hex, 255, Qt::dec, "x", 255, QString("a") + "b");
-        same("x", Position{1, 2}, "y");
-        sameLines([](auto &&line) { line.nospace() << 1 << "a" << QString("b") << ' '; });
-        sameLines([](auto &&line) { line.noquote() << QString("b") << QByteArray("c") << "d"; });
-        sameLines([](auto &&line) { line.space() << 1; });
-        sameLines([](auto &&line) { line.maybeSpace() << 1; });
-        sameLines([](auto &&line) { line.quote().maybeQuote() << 1; });
-        sameLines([](auto &&line) { line.maybeQuote('\'') << 1; });
-        sameLines([](auto &&line) { line.verbosity(7).resetFormat() << 1; });
+        sameStreams([](QDebug line) { line.nospace() << 1 << "a" << QString("b") << ' '; });
+        sameStreams([](QDebug line) { line.noquote() << QString("b") << QByteArray("c") << "d"; });
+        sameStreams([](QDebug line) { line.maybeSpace().maybeQuote('\'') << QString("b") << 1; });
 
         criticalLine(site) << QString("q");
         mcu::LogLine(QtCriticalMsg, site) << QString("q");
-        mcu::LogLine(QtCriticalMsg, site).nospace() << QString("q") << ' ';
         const QVector<LogLine> lines = log.take();
-        QCOMPARE(lines.size(), 3);
+        QCOMPARE(lines.size(), 2);
         for (const LogLine &line : lines) {
-            QCOMPARE(line.text.trimmed(), lines[0].text);
+            QCOMPARE(line.text, lines[0].text);
             QVERIFY(line.text.startsWith("[ERR] "));
             QCOMPARE(line.type, QtCriticalMsg);
         }
+    }
+
+    /// An application's operators work as with any QDebug, also for the first item.
+    void operatorsOfAnApplication()
+    {
+        LogCapture log;
+        Position position{1, 2};
+        MCU_DEBUG << std::string("abc") << position << 3;
+        MCU_CRITICAL << position << std::string("abc");
+        QStringList ends;
+        for (const LogLine &line : log.take())
+            ends.append(line.text.section(" -- ", -1));
+        QCOMPARE(ends, QStringList({"3 1 2 3", "1 2 3"}));
     }
 
     void threadIdIsTheKernels()

@@ -1,7 +1,7 @@
 // The bridge stores the values that the facade reports and emits a signal for each change.
 #include "mcuvechiclebridge.h"
 
-#include "debug.h"
+#include "logline_p.h"
 #include "radarframe_p.h"
 #include "rendererhandover_p.h"
 #include "steeringpercent_p.h"
@@ -109,8 +109,8 @@ void McuVechicleBridge::notifySteeringAngleUpdate(int angle)
 void McuVechicleBridge::notifyRadarUpdate(int *front, int *rear, int /*pasSwitch*/,
                                           int /*pdcSystemStatus*/, int /*reverseAssistVideo*/)
 {
-    MCU_DEBUG << front[0] << front[1] << front[2] << front[3];
-    MCU_DEBUG << rear[0] << rear[1] << rear[2] << rear[3];
+    LOG_DEBUG << front[0] << front[1] << front[2] << front[3];
+    LOG_DEBUG << rear[0] << rear[1] << rear[2] << rear[3];
     m_frontRadar = mcu::radarDistances(front);
     m_rearRadar = mcu::radarDistances(rear);
     mcu::handOverToRenderer(mcu::radarImage(m_frontRadar, m_rearRadar), releaseKeyFile,
