@@ -72,7 +72,8 @@ QList<QMetaMethod> methodsOf(QMetaMethod::MethodType type)
 QMetaMethod findSignal(const QString &name)
 {
     const QByteArray wanted = name.toUtf8();
-    for (const QMetaMethod &method : methodsOf(QMetaMethod::Signal)) {
+    const QList<QMetaMethod> declared = methodsOf(QMetaMethod::Signal);
+    for (const QMetaMethod &method : declared) {
         if (method.name() == wanted)
             return method;
     }

@@ -108,8 +108,9 @@ const QVector<ApplicationObject> &applicationObjects()
 
 Catalogue::Catalogue(Platform &platform)
 {
-    for (const QMetaMethod &method :
-         declaredMethods(mcu::McuSrv::staticMetaObject, QMetaMethod::Signal)) {
+    const QList<QMetaMethod> reports =
+        declaredMethods(mcu::McuSrv::staticMetaObject, QMetaMethod::Signal);
+    for (const QMetaMethod &method : reports) {
         add(signature(Kind::Report, method));
         m_all.back().play = [&platform, method](const QVariantList &values) {
             platform.report(method, values);
@@ -117,7 +118,8 @@ Catalogue::Catalogue(Platform &platform)
         };
     }
     addOperations();
-    for (const Platform::Entry &setting : platform.settings()) {
+    const QVector<Platform::Entry> settings = platform.settings();
+    for (const Platform::Entry &setting : settings) {
         const auto play = [set = setting.set](const QVariantList &values) {
             set(values);
             return QVariant();
@@ -125,9 +127,11 @@ Catalogue::Catalogue(Platform &platform)
         add({Kind::Setting, setting.name, setting.parameters, play, {}, {}, {}});
     }
     addApplicationSignals();
-    for (const Platform::Entry &command : platform.commands())
+    const QVector<Platform::Entry> commands = platform.commands();
+    for (const Platform::Entry &command : commands)
         add({Kind::Command, command.name, command.parameters, {}, {}, {}, {}});
-    for (const Platform::Entry &call : platform.calls())
+    const QVector<Platform::Entry> calls = platform.calls();
+    for (const Platform::Entry &call : calls)
         add({Kind::Platform, call.name, call.parameters, {}, {}, {}, {}});
 }
 
@@ -144,7 +148,8 @@ void Catalogue::addOperations()
         const Signature *answer = nullptr;
         if (operation.result != QMetaType::Void) {
             const Parameter result{operation.result, QString()};
-            for (const Signature *known : find(Kind::Answer, operation.name))
+            const QVector<const Signature *> answers = find(Kind::Answer, operation.name);
+            for (const Signature *known : answers)
                 answer = known->parameters.first().type == result.type ? known : answer;
             if (!answer) {
                 add({Kind::Answer, operation.name, {result}, {}, {}, {}, {}});
@@ -162,7 +167,8 @@ void Catalogue::addApplicationSignals()
 {
     for (const ApplicationObject &object : applicationObjects()) {
         const QString prefix = QString(object.name) + '.';
-        for (const QMetaMethod &method : declaredMethods(*object.metaObject, QMetaMethod::Signal)) {
+        const QList<QMetaMethod> methods = declaredMethods(*object.metaObject, QMetaMethod::Signal);
+        for (const QMetaMethod &method : methods) {
             add(signature(Kind::Signal, method, prefix));
             if (object.metaObject == &mcu::McuService::staticMetaObject)
                 m_all.back().record = mcu::describeRecord(method.name());
@@ -177,7 +183,8 @@ QVector<const Signature *> Catalogue::find(Kind kind, const QString &name) const
 
 const Signature *Catalogue::find(Kind kind, const QString &name, const QVariantList &values) const
 {
-    for (const Signature *signature : find(kind, name)) {
+    const QVector<const Signature *> named = find(kind, name);
+    for (const Signature *signature : named) {
         if (signature->takes(values))
             return signature;
     }

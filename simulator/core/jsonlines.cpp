@@ -119,7 +119,8 @@ QJsonObject readObject(const QByteArray &line)
 
 void allowKeys(const QJsonObject &object, const QStringList &keys)
 {
-    for (const QString &key : object.keys()) {
+    const QStringList present = object.keys();
+    for (const QString &key : present) {
         if (!keys.contains(key))
             throw Refusal("unexpected " + excerpt(key) + "; expected " + keys.join(", "));
     }

@@ -23,8 +23,9 @@ QVector<Parameter> parametersOf(const QMetaMethod &method)
 QVector<Platform::Entry> Platform::commands() const
 {
     QVector<Entry> entries{{"init", {}, {}}};
-    for (const QMetaMethod &method :
-         substitute::declaredMethods(mcu::McuSrv::staticMetaObject, QMetaMethod::Slot))
+    const QList<QMetaMethod> commands =
+        substitute::declaredMethods(mcu::McuSrv::staticMetaObject, QMetaMethod::Slot);
+    for (const QMetaMethod &method : commands)
         entries.append({QString::fromLatin1(method.name()), parametersOf(method), {}});
     return entries;
 }

@@ -7,7 +7,7 @@ namespace mcusim {
 namespace {
 
 constexpr int narrowest = 40;
-const QString more = " ...";
+const QLatin1String more(" ...");
 constexpr char unchanged[] = "90";
 
 /// East Asian letters take two columns.
@@ -48,7 +48,7 @@ void Printer::hear(const Event &event)
         m_wasCut = m_wasCut || !fits;
         while (!fits && columns(text) > (isDivisible ? room - more.size() : 0))
             text.chop(1);
-        line += painted(text, colour) + (fits ? "" : more);
+        line += painted(text, colour) + (fits ? QLatin1String() : more);
         room -= columns(text);
         return fits;
     };

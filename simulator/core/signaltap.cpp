@@ -10,7 +10,8 @@ SignalTap::SignalTap(const QObject *source, const QMetaObject *declaring, Listen
                      const std::atomic<bool> *isHeard)
     : m_source(declaring), m_listener(std::move(listener)), m_isHeard(isHeard)
 {
-    for (const QMetaMethod &signal : declaredSignals(*m_source)) {
+    const QList<QMetaMethod> declared = declaredSignals(*m_source);
+    for (const QMetaMethod &signal : declared) {
         const int method = QObject::staticMetaObject.methodCount() + signal.methodIndex();
         QMetaObject::connect(source, signal.methodIndex(), this, method, Qt::DirectConnection);
     }

@@ -43,11 +43,13 @@ void Recorder::write(const QByteArray &line)
 Filter::Filter(const Catalogue &names, const QStringList &only, const QStringList &except)
 {
     for (const QString &glob : only.isEmpty() ? QStringList("*") : only) {
-        for (const Signature *signature : names.like(glob))
+        const QVector<const Signature *> matching = names.like(glob);
+        for (const Signature *signature : matching)
             m_shown.insert(signature);
     }
     for (const QString &glob : except) {
-        for (const Signature *signature : names.like(glob))
+        const QVector<const Signature *> matching = names.like(glob);
+        for (const Signature *signature : matching)
             m_shown.remove(signature);
     }
 }

@@ -18,7 +18,8 @@ QStringList texts(const QJsonObject &line, const char *key)
     QStringList found;
     if (value.isUndefined())
         return found;
-    for (const QJsonValue &item : value.isArray() ? value.toArray() : QJsonArray{value}) {
+    const QJsonArray items = value.isArray() ? value.toArray() : QJsonArray{value};
+    for (const QJsonValue &item : items) {
         if (!item.isString())
             refuseValue(line, key, "a text or an array of texts");
         found.append(item.toString());
@@ -49,7 +50,8 @@ QByteArray chunk(const QString &text, Fault fault)
             throw Refusal("\"broken\" breaks packets, not \"bytes\"");
         return bytes;
     }
-    for (const QString &part : text.split('+')) {
+    const QStringList parts = text.split('+');
+    for (const QString &part : parts) {
         bytes += readPacket(part).bytes(fault);
         fault = Fault::None;
     }
@@ -89,7 +91,8 @@ QVector<QVariantList> keys(const Catalogue &names, const QJsonObject &line, cons
 void addChunks(const QJsonObject &line, StationTest &test)
 {
     Fault first = fault(line);
-    for (const QString &text : texts(line, "send")) {
+    const QStringList sent = texts(line, "send");
+    for (const QString &text : sent) {
         test.chunks.append(chunk(text, first));
         first = Fault::None;
     }
@@ -118,7 +121,8 @@ StationTest readTest(const Catalogue &names, const QJsonObject &line)
     addChunks(line, test);
     test.keys = keys(names, line, "keys");
     test.panelKeys = keys(names, line, "panelKeys");
-    for (const QString &text : texts(line, "answer"))
+    const QStringList answers = texts(line, "answer");
+    for (const QString &text : answers)
         test.answers.append(readPacket(text));
     if (line.contains("reply")) {
         test.reply = readPacket(readText(line, "reply"));

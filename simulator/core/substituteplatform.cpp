@@ -21,7 +21,8 @@ constexpr int Ints = QMetaType::QVariantList;
 QVector<Platform::Entry> SubstitutePlatform::settings() const
 {
     QVector<Entry> entries;
-    for (const QString &query : link::queries()) {
+    const QStringList queries = link::queries();
+    for (const QString &query : queries) {
         entries.append({query,
                         {{link::answer(query).userType(), "answer"}},
                         [query](const QVariantList &v) { link::setAnswer(query, v[0]); }});
@@ -35,7 +36,8 @@ QVector<Platform::Entry> SubstitutePlatform::settings() const
         [](Values v) { platform::setSetting("mcu_upgrade_status", v[0].toBool()); });
     add("audioEvents", {{Ints, "events"}}, [](Values v) {
         QList<int> events;
-        for (const QVariant &event : v[0].toList())
+        const QVariantList given = v[0].toList();
+        for (const QVariant &event : given)
             events.append(event.toInt());
         platform::setAudioEvents(events);
     });

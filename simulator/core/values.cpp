@@ -36,7 +36,8 @@ QVariant asBytes(const QJsonValue &value)
 QVariant asInts(const QJsonValue &value, int length)
 {
     QVariantList ints;
-    for (const auto &item : value.toArray())
+    const QJsonArray items = value.toArray();
+    for (const auto &item : items)
         ints.append(asInt(item));
     const bool isInts =
         value.isArray() && !ints.contains(QVariant()) && (length == 0 || ints.size() == length);
@@ -144,7 +145,7 @@ QString printable(const QString &text)
     for (int i = 0; i < text.size(); ++i) {
         const QChar c = text[i];
         if (c.isHighSurrogate() && i + 1 < text.size() && text[i + 1].isLowSurrogate())
-            safe += text.mid(i++, 2);
+            safe += text.midRef(i++, 2);
         else if (c.isPrint())
             safe += c;
         else
@@ -181,7 +182,8 @@ QString seconds(qint64 milliseconds)
 bool readHex(const QString &text, QByteArray *bytes)
 {
     bytes->clear();
-    for (const QString &word : text.split(' ', Qt::SkipEmptyParts)) {
+    const QStringList words = text.split(' ', Qt::SkipEmptyParts);
+    for (const QString &word : words) {
         const QByteArray digits = (word.startsWith("0x") ? word.mid(2) : word).toLatin1().toLower();
         const QByteArray part = QByteArray::fromHex(digits);
         if (digits.isEmpty() || part.toHex() != digits)

@@ -61,7 +61,8 @@ public:
         for (const ElfLibrary &library : platform.all) {
             provide(library);
             // What only looks like a meta-object has less in it than the real one.
-            for (const MetaObject &object : metaObjects(library)) {
+            const QVector<MetaObject> found = metaObjects(library);
+            for (const MetaObject &object : found) {
                 MetaObject &known = m_metaObjects[object.className];
                 if (known.className.isEmpty() || known.signatures.size() < object.signatures.size())
                     known = object;
@@ -176,7 +177,7 @@ private:
                 m_there.filter(QRegularExpression('^' + one.key() + "::")).isEmpty())
                 add(weight, "class", one.key(), "exports nothing");
             one.value().sort();
-            for (const QString &operation : one.value())
+            for (const QString &operation : std::as_const(one.value()))
                 addMissing(weight, "operation", operation, m_there);
         }
     }
@@ -190,7 +191,7 @@ private:
         MetaObject object = m_metaObjects.value(className);
         // A library that is damaged may lead in a circle.
         for (int depth = 0; depth < 20 && !object.className.isEmpty(); ++depth) {
-            for (const QByteArray &signal : object.signatures)
+            for (const QByteArray &signal : std::as_const(object.signatures))
                 declared.append(className + "::" + signal);
             object = m_metaObjects.value(object.superClass);
         }
@@ -243,8 +244,9 @@ PlatformLibraries::PlatformLibraries(const QStringList &paths, const QStringList
 
 void PlatformLibraries::load(const ElfLibrary &user, const QStringList &folders)
 {
+    const QStringList searched = folders + user.folders;
     for (const QByteArray &name : user.needed) {
-        for (const QString &folder : folders + user.folders) {
+        for (const QString &folder : searched) {
             const QString path = folder + '/' + QFile::decodeName(name);
             if (has(name) || !QFileInfo(path).isFile())
                 continue;

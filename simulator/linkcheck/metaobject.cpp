@@ -102,7 +102,8 @@ QVector<MetaObject> metaObjects(const ElfLibrary &library)
 {
     // By what they look like: a link need not export them.
     QVector<MetaObject> found;
-    for (const quint64 address : library.writableWords()) {
+    const QVector<quint64> addresses = library.writableWords();
+    for (const quint64 address : addresses) {
         const Reader reader(library, address);
         if (!reader.className().isEmpty())
             found.append(reader.read());

@@ -46,7 +46,8 @@ QMap<QByteArray, QByteArrayList> connectedSignals()
     bench.simulation.start();
     QMap<QByteArray, QByteArrayList> found;
     const QMetaObject &link = McuSrv::staticMetaObject;
-    for (const QByteArray &signal : signalsOf(link)) {
+    const QByteArrayList declared = signalsOf(link);
+    for (const QByteArray &signal : declared) {
         const QMetaMethod method = link.method(link.indexOfSignal(signal));
         if ((McuSrv::instance()->*&Open::isSignalConnected)(method))
             found[link.className()].append(signal);
@@ -69,7 +70,8 @@ QString ownLibrary()
 ElfLibrary ofThisVersion(const QString &path)
 {
     ElfLibrary library(path);
-    for (const MetaObject &object : metaObjects(library)) {
+    const QVector<MetaObject> found = metaObjects(library);
+    for (const MetaObject &object : found) {
         if (object.className == McuService::staticMetaObject.className() &&
             object.signatures == signalsOf(McuService::staticMetaObject))
             return library;

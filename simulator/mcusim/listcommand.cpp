@@ -83,8 +83,10 @@ int listCommand(const QStringList &arguments)
     const Catalogue names(platform);
     QVector<const Signature *> shown;
     const bool inFull = !line.operands().isEmpty();
-    for (const QString &glob : inFull ? line.operands() : QStringList("*")) {
-        for (const Signature *signature : names.like(glob)) {
+    const QStringList globs = inFull ? line.operands() : QStringList("*");
+    for (const QString &glob : globs) {
+        const QVector<const Signature *> matching = names.like(glob);
+        for (const Signature *signature : matching) {
             if (!shown.contains(signature))
                 shown.append(signature);
         }

@@ -58,7 +58,8 @@ QVector<LiveProcess> liveProcesses(Leftovers leftovers)
     if (!S_ISDIR(about.st_mode) || about.st_uid != geteuid() || (about.st_mode & 077) != 0)
         throw Refusal(folder + ": expected a folder of this user alone");
     QVector<LiveProcess> found;
-    for (const QString &file : QDir(folder).entryList(QDir::System | QDir::Files, QDir::Name)) {
+    const QStringList files = QDir(folder).entryList(QDir::System | QDir::Files, QDir::Name);
+    for (const QString &file : files) {
         const LiveProcess process{file.section('.', 0, -2), file.section('.', -1).toInt(),
                                   folder + '/' + file};
         if (process.pid <= 0 || process.text() != file)
@@ -74,7 +75,8 @@ QVector<LiveProcess> liveProcesses(Leftovers leftovers)
 QVector<LiveProcess> processesNamed(const QString &name)
 {
     QVector<LiveProcess> found;
-    for (const LiveProcess &process : liveProcesses()) {
+    const QVector<LiveProcess> all = liveProcesses();
+    for (const LiveProcess &process : all) {
         if (name.isEmpty() || name == process.name || name == process.text() ||
             name == QString::number(process.pid))
             found.append(process);

@@ -127,7 +127,8 @@ void LivePlay::print(Printer &printer) const
     printer.print("Received  " + count(Kind::Signal, "signal") + " by applications, " +
                       count(Kind::Command, "command") + " by the link",
                   indent);
-    for (const QString &note : m_judge.notes())
+    const QStringList notes = m_judge.notes();
+    for (const QString &note : notes)
         printer.print(note, indent);
     const QStringList all = faults();
     if (m_judge.met() > 0 || !all.isEmpty())

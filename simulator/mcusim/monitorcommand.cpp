@@ -67,7 +67,8 @@ private:
             const QString period = row.period < 0 ? "-" : QString::number(row.period);
             text += begin + head(info(row.last.what->kind).mark, QString::number(row.count), period,
                                  row.last.what->name);
-            for (const Field &field : fields(row.last))
+            const QVector<Field> shown = fields(row.last);
+            for (const Field &field : shown)
                 text += ' ' + (field.name.isEmpty() ? "" : field.name + '=') + field.value;
             text += '\n';
         }

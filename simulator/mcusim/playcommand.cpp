@@ -259,14 +259,16 @@ void Play::printVerdict()
                                              : "failed, ") +
                         (isEmpty ? "nothing" : counted(m_judge->met(), "line")) + " came back",
                     2, m_judge->passed() ? "32" : "31");
-    for (const QString &note : m_judge->notes())
+    const QStringList notes = m_judge->notes();
+    for (const QString &note : notes)
         m_printer.print("  " + note, 4);
     printFaults();
 }
 
 void Play::printFaults()
 {
-    for (const QString &fault : m_judge->faults())
+    const QStringList faults = m_judge->faults();
+    for (const QString &fault : faults)
         m_printer.print("FAILED    " + fault, indent, "31");
 }
 
@@ -296,7 +298,8 @@ void Play::printSummary(qint64 elapsed)
         print("Lines are cut to the width of the terminal; --wide shows all.");
     if (m_judge->met() > 0 || !m_judge->passed())
         print("Expected  " + counted(m_judge->met(), "line") + " came back");
-    for (const QString &note : m_judge->notes())
+    const QStringList notes = m_judge->notes();
+    for (const QString &note : notes)
         print(note);
     printFaults();
     if (wasInterrupted())

@@ -35,7 +35,8 @@ int psCommand(const QStringList &arguments)
     SubstitutePlatform platform;
     const Catalogue names(platform);
     putRow("NAME", "PID", "LINK", "LIBRARY", "PROGRAM", "SOCKET");
-    for (const LiveProcess &process : liveProcesses(Leftovers::Remove)) {
+    const QVector<LiveProcess> processes = liveProcesses(Leftovers::Remove);
+    for (const LiveProcess &process : processes) {
         const QString pid = QString::number(process.pid);
         try {
             const LiveClient client(names, process);

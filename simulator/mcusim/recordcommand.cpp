@@ -45,8 +45,8 @@ int recordCommand(const QStringList &arguments)
     const Catalogue names(platform);
     noteInterrupts();
     LiveClient client(
-        names, findProcess(line.operands().size() > 1 ? line.operands().first() : QString()));
-    const QString path = line.operands().last();
+        names, findProcess(line.operands().size() > 1 ? line.operands().constFirst() : QString()));
+    const QString path = line.operands().constLast();
     const QString description = "recorded in " + client.process().text();
     bool isFirst = true;
     const auto open = [&] {

@@ -17,7 +17,7 @@ int recordsCommand(const QStringList &arguments)
                     "page such as docs/vehicle-records.md.",
                     {{"check", nullptr, "Only say whether they are those of the library."}}});
     line.expectOperands(1, 1, "one page");
-    const QString path = line.operands().first();
+    const QString path = line.operands().constFirst();
     QFile file(path);
     file.open(QIODevice::ReadOnly);
     const QByteArray page = contentOf(file, path);

@@ -152,7 +152,8 @@ int parentOf(int pid)
 /// The application, once it has started the link: the program, or what a launcher has started.
 std::optional<LiveProcess> findApplication(int pid)
 {
-    for (const LiveProcess &process : liveProcesses(Leftovers::Remove)) {
+    const QVector<LiveProcess> processes = liveProcesses(Leftovers::Remove);
+    for (const LiveProcess &process : processes) {
         int ancestor = process.pid;
         while (ancestor > 1 && ancestor != pid)
             ancestor = parentOf(ancestor);
@@ -193,12 +194,12 @@ int runAndPlay(const CommandLine &line, char *const *arguments)
     constexpr int patience = 10'000;
     for (int waited = 0; !application && program.goesOn(); waited += Program::interval) {
         if (waited == patience)
-            complain("still waiting for " + line.operands().first() + " to start the link");
+            complain("still waiting for " + line.operands().constFirst() + " to start the link");
         poll(nullptr, 0, Program::interval);
         application = findApplication(program.pid());
     }
     if (!application && !wasInterrupted())
-        complain(line.operands().first() + " ended before it started the link");
+        complain(line.operands().constFirst() + " ended before it started the link");
     if (!application)
         return std::max<int>(program.status(), Failed);
 
@@ -258,7 +259,8 @@ int runCommand(const QStringList &arguments)
     setEnvironment(line);
     QVector<QByteArray> texts;
     std::vector<char *> pointers;
-    for (const QString &operand : line.operands())
+    const QStringList operands = line.operands();
+    for (const QString &operand : operands)
         texts.append(operand.toLocal8Bit());
     for (QByteArray &text : texts)
         pointers.push_back(text.data());
@@ -267,7 +269,7 @@ int runCommand(const QStringList &arguments)
         return runAndPlay(line, pointers.data());
     std::signal(SIGPIPE, SIG_DFL);
     execvp(pointers[0], pointers.data());
-    throw Refusal("cannot start " + line.operands().first() + ": " + qt_error_string());
+    throw Refusal("cannot start " + line.operands().constFirst() + ": " + qt_error_string());
 }
 
 } // namespace mcusim

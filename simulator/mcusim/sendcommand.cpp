@@ -69,7 +69,8 @@ int sendCommand(const QStringList &arguments)
     if (operands.isEmpty())
         line.refuse("expected a line after the name");
     QVector<QByteArray> lines;
-    for (const QStringList &words : linesOf(names, operands))
+    const QVector<QStringList> given = linesOf(names, operands);
+    for (const QStringList &words : given)
         lines.append(lineToSend(names, words));
 
     LiveClient client(names, findProcess(name));

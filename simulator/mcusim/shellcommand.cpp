@@ -266,7 +266,8 @@ void Shell::play(const QStringList &operands)
     waitUntil(heard.since, file.time() + afterLastInput);
     heard.judge.finish(heard.since.elapsed() - heard.judge.tolerance(), file.isCut());
     put(counted(heard.judge.met(), "expected line") + " came back");
-    for (const QString &fault : heard.judge.faults())
+    const QStringList faults = heard.judge.faults();
+    for (const QString &fault : faults)
         m_printer.print("FAILED    " + fault, 0, "31");
     m_status = heard.judge.passed() ? m_status : std::max(m_status, int(Failed));
 }
@@ -322,7 +323,7 @@ std::optional<QStringList> Shell::complete(const QStringList &before, const QStr
         m_prompt.show();
     }
     QStringList found;
-    for (const QString &candidate : words) {
+    for (const QString &candidate : std::as_const(words)) {
         if (candidate.startsWith(word) && !found.contains(candidate))
             found.append(candidate);
     }

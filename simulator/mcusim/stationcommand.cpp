@@ -136,7 +136,8 @@ int stationCommand(const QStringList &arguments)
         line.exclude({option, "raw"});
     if (line.isSet("list")) {
         line.expectOperands(0, 0, "nothing beside --list");
-        for (const QString &did : didList())
+        const QStringList dids = didList();
+        for (const QString &did : dids)
             put(did);
         return Passed;
     }

@@ -19,7 +19,7 @@ int textCommand(const QStringList &arguments)
                             "hexadecimal, or - for the bytes themselves from standard input.",
                             {}});
     line.expectOperands(1, 1, "the bytes");
-    const QString given = line.operands().first();
+    const QString given = line.operands().constFirst();
     QByteArray bytes;
     if (given == "-") {
         QFile input;

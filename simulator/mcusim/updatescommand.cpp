@@ -29,7 +29,8 @@ QString translated(const QString &key)
         text = ""; // of all
     else if (key.startsWith(media))
         text.replace(0, media.size(), current);
-    for (const QString &mount : QDir(current).entryList(QDir::Dirs | QDir::NoDotAndDotDot)) {
+    const QStringList mounts = QDir(current).entryList(QDir::Dirs | QDir::NoDotAndDotDot);
+    for (const QString &mount : mounts) {
         if ((media + '/' + mount).contains(key) != (current + '/' + mount).contains(text))
             throw Refusal("--key " + excerpt(key) + " is too short for media such as " +
                           excerpt(mount));
@@ -57,7 +58,7 @@ int updatesCommand(const QStringList &arguments)
          "Shows which update files are found on the media under a folder that stands for /media.",
          {{"key", "KEY", "Text in the path of the media for the search of all media (/sd)."}}});
     line.expectOperands(1, 1, "one folder");
-    const QString root = QDir(line.operands().first()).absolutePath();
+    const QString root = QDir(line.operands().constFirst()).absolutePath();
     if (!QDir::setCurrent(root))
         throw Refusal("cannot read " + root + ": " + qt_error_string());
     const QString key = translated(line.isSet("key") ? line.value("key") : "/sd");

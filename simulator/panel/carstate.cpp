@@ -28,7 +28,8 @@ void CarState::hear(const Event &event)
     m_time = event.time;
     const QString prefix = event.what->name + '/';
     if (event.what->record) {
-        for (const Field &field : fields(event))
+        const QVector<Field> shown = fields(event);
+        for (const Field &field : shown)
             set(prefix + field.name, field.value.toInt());
         if (number(steeringAngle).value_or(invalidAngle) != invalidAngle &&
             !number(steeringPercent))

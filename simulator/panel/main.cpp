@@ -64,7 +64,7 @@ int show(const CommandLine &line, int argc, char **argv)
     if (line.operands().isEmpty())
         target = std::make_unique<OwnLibrary>(clock);
     else
-        target = std::make_unique<RunningApplication>(line.operands().first(), clock);
+        target = std::make_unique<RunningApplication>(line.operands().constFirst(), clock);
     Window window(*target);
     window.resize(size);
     window.transport().setSpeed(speed);

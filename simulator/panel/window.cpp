@@ -88,7 +88,7 @@ void Window::hear(const Event &event)
 void Window::refresh()
 {
     const QSet<QString> changed = m_state.takeChanged();
-    for (View *view : m_views)
+    for (View *view : std::as_const(m_views))
         view->refresh(changed);
     if (!m_newCommands.isEmpty())
         m_commands->appendPlainText(std::exchange(m_newCommands, {}).join('\n'));

@@ -87,7 +87,7 @@ void Probe::wake(mcu::McuSrv *link)
         return;
     m_time = {};
     m_simulation.attach(link);
-    const bool isInField = !qgetenv("MCUPROBE_FOLDER").isEmpty();
+    const bool isInField = !qEnvironmentVariableIsEmpty("MCUPROBE_FOLDER");
     try {
         const QString name = QString::fromLatin1(m_name);
         const QByteArray file = qgetenv("MCUPROBE_RECORD");

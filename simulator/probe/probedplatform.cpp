@@ -6,8 +6,9 @@ ProbedPlatform::ProbedPlatform(std::unique_ptr<Platform> platform) : m_platform(
 {
     for (const DeclaredCommand &command : declaredCommands()) {
         Noted noted{QString::fromLatin1(command.name), {}, {}};
-        for (const QString &parameter :
-             QString::fromLatin1(command.parameters).split(", ", Qt::SkipEmptyParts)) {
+        const QStringList parameters =
+            QString::fromLatin1(command.parameters).split(", ", Qt::SkipEmptyParts);
+        for (const QString &parameter : parameters) {
             const int type = QMetaType::type(parameter.section(' ', 0, -2).toLatin1());
             noted.types.append(type);
             noted.parameters.append({type == QMetaType::UChar ? int(QMetaType::Int) : type,

@@ -87,7 +87,8 @@ Ring::Ring(const QString &program)
 Recordings::Target Ring::open() const
 {
     QMap<quint64, QString> files;
-    for (const QString &file : QDir(m_folder).entryList({m_program + ".*.jsonl"}, QDir::Files)) {
+    const QStringList found = QDir(m_folder).entryList({m_program + ".*.jsonl"}, QDir::Files);
+    for (const QString &file : found) {
         const quint64 number = file.section('.', 1, 1).toULongLong();
         if (path(number) == m_folder + '/' + file)
             files.insert(number, path(number));
