@@ -151,25 +151,27 @@ bool readFlag(const QJsonObject &object, const char *key)
 JsonLinesFile::JsonLinesFile(const QString &path, GoOn goOn, const QStringList &metadataKeys)
     : m_name(path == "-" ? "standard input" : printable(path)), m_goOn(std::move(goOn)),
       m_metadataKeys(metadataKeys),
-      m_descriptor(path == "-" ? dup(STDIN_FILENO)
-                               : open(QFile::encodeName(path).constData(),
-                                      O_RDONLY | O_CLOEXEC | O_NONBLOCK))
+      m_file(path == "-"
+                 ? dup(STDIN_FILENO)
+                 : open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK))
 {
     struct stat about {};
-    const bool exists = m_descriptor >= 0 && fstat(m_descriptor, &about) == 0;
+    const bool exists = m_file.number >= 0 && fstat(m_file.number, &about) == 0;
     if (!exists || S_ISDIR(about.st_mode))
         throw Refusal("cannot read " + m_name + ": " + qt_error_string(exists ? EISDIR : errno));
     if (S_ISREG(about.st_mode))
         m_size = about.st_size;
-    m_start = lseek(m_descriptor, 0, SEEK_CUR); // standard input may be in the middle of a file
+    m_start = lseek(m_file.number, 0, SEEK_CUR); // standard input may be in the middle of a file
     readMetadata();
 }
 
-JsonLinesFile::~JsonLinesFile() { close(m_descriptor); }
+JsonLinesFile::~JsonLinesFile() = default;
+
+JsonLinesFile::Descriptor::~Descriptor() { close(number); }
 
 void JsonLinesFile::rewind()
 {
-    lseek(m_descriptor, m_start, SEEK_SET);
+    lseek(m_file.number, m_start, SEEK_SET);
     m_lines = {};
     m_read = 0;
     m_count = m_tornLine = 0;
@@ -270,14 +272,14 @@ bool JsonLinesFile::fill()
 {
     // Waits here alone: neither read() nor open() returns for a pipe without a writer.
     constexpr int interval = 200;
-    pollfd input{m_descriptor, POLLIN, 0};
+    pollfd input{m_file.number, POLLIN, 0};
     while (poll(&input, 1, interval) <= 0) {
         m_wasInterrupted = m_goOn && !m_goOn();
         if (m_wasInterrupted)
             return false;
     }
     char bytes[1 << 16];
-    const ssize_t size = read(m_descriptor, bytes, sizeof bytes);
+    const ssize_t size = read(m_file.number, bytes, sizeof bytes);
     if (size < 0)
         throw Refusal("cannot be read (" + qt_error_string() + ')');
     m_lines.feed(bytes, int(size));

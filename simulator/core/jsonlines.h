@@ -107,7 +107,14 @@ private:
     QString m_name;
     GoOn m_goOn;
     QStringList m_metadataKeys;
-    int m_descriptor;
+    /// An open file; closed also when the constructor refuses what is in it.
+    struct Descriptor {
+        explicit Descriptor(int opened) : number(opened) {}
+        ~Descriptor();
+        Q_DISABLE_COPY(Descriptor)
+        const int number;
+    };
+    const Descriptor m_file;
     qint64 m_size = -1;
     qint64 m_start = 0;
     qint64 m_read = 0;
