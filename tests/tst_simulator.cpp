@@ -16,6 +16,7 @@
 #include <cstdlib>
 
 #include <sys/wait.h>
+#include <unistd.h>
 
 #if __has_include(<valijson/validator.hpp>)
 #define HAS_VALIJSON
@@ -84,6 +85,14 @@ Event eventOf(const QString &word)
     return event;
 }
 
+/// The descriptor that the next opened file gets.
+int nextDescriptor()
+{
+    const int next = dup(STDERR_FILENO);
+    close(next);
+    return next;
+}
+
 template <typename File>
 void readAll(File &&file)
 {
@@ -130,6 +139,8 @@ private:
 private Q_SLOTS:
     void refusesBadInput()
     {
+        names();
+        const int unused = nextDescriptor();
         for (const Row &row : rows("refused")) {
             const bool isScenario = row.section == "[refused scenarios]";
             QByteArray text = row.what.mid(2).toUtf8();
@@ -148,6 +159,7 @@ private Q_SLOTS:
                 told = refusal.text();
             }
             QVERIFY2(told.contains(row.outcome), qPrintable(row.what + "\n" + told));
+            QCOMPARE(nextDescriptor(), unused); // the file is closed
             QVERIFY2(told.startsWith(m_folder.path()) && told.size() < 400 && !told.contains('\n'),
                      qPrintable(told));
 #ifdef HAS_VALIJSON
